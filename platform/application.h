@@ -1,0 +1,45 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace platform {
+
+class Form;
+
+namespace application {
+
+/// Handles what the user and the system do until the form is unloaded. Returns the exit code, 0.
+int run(Form& form);
+
+/// Lets pending window messages be processed once.
+void doEvents();
+
+/// Calls a handler at the edge of an event: a RuntimeError (or any other exception) that leaves it becomes
+/// a message box with the active form's caption.
+void guard(const std::function<void()>& handler);
+
+/// Calls `action` from the message loop, after the messages that are pending now. Dropped when `form` goes.
+void post(Form& form, std::function<void()> action);
+
+/// Starts a program with a normal, focused window and does not wait for it. RuntimeError fileNotFound or
+/// fileError.
+void start(const std::string& program);
+
+void beep();
+
+/// The system's wait pointer as long as it lives; they nest.
+class WaitCursor {
+  public:
+    WaitCursor();
+    ~WaitCursor();
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+}  // namespace application
+
+/// A number with `digits` behind the decimal sign, as the user's locale writes it.
+std::string formatNumber(double value, int digits);
+
+}  // namespace platform

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "platform/control.h"
+
+namespace platform {
+
+/// A top-level window. It is made hidden, laid out for the size that it asks for, and its window class
+/// carries its name.
+class Form : public Container {
+  public:
+    struct Options {
+        Size clientSize{640, 400};   ///< at first, at 96 dots per inch
+        bool dialog = false;         ///< no minimise and maximise boxes, no taskbar entry
+        Form* owner = nullptr;
+    };
+
+    Form(const std::string& name, const std::string& caption, Options options);
+    ~Form() override;
+
+    std::string caption() const;
+    void setCaption(const std::string& caption);
+
+    /// Shows and activates the window and paints it.
+    void show();
+    /// Hides it; ends a `showModal`.
+    void hide();
+    /// Shows it over its owner, which takes no input meanwhile, and returns when it is hidden or unloaded.
+    void showModal();
+
+    /// Asks `onQueryUnload`; unless that refuses, raises `onUnload` and takes the window off the screen for
+    /// good. True when it is gone (also when it was already). A running Application ends with its form.
+    bool unload();
+    bool loaded() const;
+
+    /// Smaller than this (outer size, pixels) the user cannot make it. Dialogs use it; the main window has
+    /// its Subclassing answer for it.
+    void setMinimumSize(Size size);
+
+    /// Position and size in restored state as text, to be kept between runs; a text that is none, or that
+    /// lies on no monitor of this machine, changes nothing.
+    std::string placement() const;
+    void setPlacement(const std::string& placement);
+
+    std::function<void()> onResize;           ///< also after the font or the resolution changed
+    std::function<bool()> onQueryUnload;      ///< false keeps the window
+    std::function<void()> onUnload;
+    std::function<void()> onActivate;
+};
+
+/// A frame: holds the controls of one page and is shown and hidden with them. Without a border.
+class Panel : public Container {
+  public:
+    Panel(Container& parent, const std::string& name);
+    std::function<void()> onResize;
+};
+
+/// Sees a window's messages before the window does.
+class Subclassing {
+  public:
+    explicit Subclassing(Form& form);
+    ~Subclassing();
+    Subclassing(const Subclassing&) = delete;
+    Subclassing& operator=(const Subclassing&) = delete;
+
+    /// Asks for one message, by its number.
+    void watch(std::uint32_t message);
+
+    /// Window handle, message number, wParam, lParam and the handled flag, which is 0; -1 says that the
+    /// message has been dealt with and goes no further.
+    std::function<void(std::intptr_t window, std::uint32_t message, std::uintptr_t wParam,
+                       std::intptr_t& lParam, std::int16_t& handled)>
+        onMessage;
+
+    struct Native;
+
+  private:
+    std::unique_ptr<Native> native_;
+};
+
+/// The record that lParam of the message GetMinMaxInfo (36) points to.
+struct SizeLimits {
+    Point reserved, maxSize, maxPosition, minTrackSize, maxTrackSize;
+};
+static_assert(sizeof(SizeLimits) == 40);
+inline constexpr std::uint32_t getMinMaxInfoMessage = 36;
+
+}  // namespace platform
