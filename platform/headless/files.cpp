@@ -1,0 +1,271 @@
+#include "platform/files.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <cstdlib>
+#include <memory>
+#include <system_error>
+
+#include "platform/file_errors.h"
+#include "platform/path.h"
+#include "platform/text.h"
+
+namespace platform::files {
+
+namespace {
+
+class Descriptor {
+  public:
+    explicit Descriptor(int number) : number_(number) {}
+    ~Descriptor() { close(); }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    int get() const { return number_; }
+    explicit operator bool() const { return number_ >= 0; }
+    bool close() {
+        const int number = number_;
+        number_ = -1;
+        return number < 0 || ::close(number) == 0;
+    }
+
+  private:
+    int number_;
+};
+
+struct CloseDirectory {
+    void operator()(DIR* directory) const { ::closedir(directory); }
+};
+using Directory = std::unique_ptr<DIR, CloseDirectory>;
+
+std::string reasonOf(int code) {
+    return std::generic_category().message(code);
+}
+bool isMissing(int code) {
+    return code == ENOENT || code == ENOTDIR;
+}
+
+/// The path as it is written here: drive Z: is the root. Other drives and shares do not exist; for them it is
+/// empty.
+std::string plainPath(std::string_view path) {
+    std::string plain(path);
+    std::replace(plain.begin(), plain.end(), '\\', '/');
+    const bool drive = plain.size() >= 2 && plain[1] == ':';
+    if (drive && text::equalNoCase(plain.substr(0, 3), "Z:/")) return plain.substr(2);
+    return drive || plain.starts_with("//") ? std::string() : plain;
+}
+
+bool isThere(const std::string& plain) {
+    struct stat info {};
+    return ::stat(plain.c_str(), &info) == 0;
+}
+
+/// The name as the directory spells it; empty when it has none that is equal.
+std::string spelling(const std::string& directory, const std::string& name) {
+    const Directory opened(::opendir(directory.empty() ? "." : directory.c_str()));
+    while (const dirent* entry = opened ? ::readdir(opened.get()) : nullptr)
+        if (text::equalNoCase(entry->d_name, name)) return entry->d_name;
+    return {};
+}
+
+/// Where the file is: as it is spelled, else component by component without case. What is not there keeps the
+/// spelling that was given, below the part that is.
+std::string systemPath(std::string_view path) {
+    const std::string plain = plainPath(path);
+    if (plain.empty() || isThere(plain)) return plain;
+    std::string found;
+    for (std::size_t start = 0; start <= plain.size();) {
+        const std::size_t end = std::min(plain.find('/', start), plain.size());
+        const std::string name = plain.substr(start, end - start);
+        const bool known = name.empty() || isThere(found + name);
+        const std::string spelled = known ? name : spelling(found, name);
+        if (spelled.empty() && !known) return found + plain.substr(start);
+        found += spelled;
+        if (end < plain.size()) found += '/';
+        start = end + 1;
+    }
+    return found;
+}
+
+std::optional<struct stat> status(std::string_view path) {
+    struct stat info {};
+    if (::stat(systemPath(path).c_str(), &info) != 0) return std::nullopt;
+    return info;
+}
+
+/// Calls `visit` with each name but "." and ".." and those with a backslash, which no path of ours can reach.
+template <class Visit>
+bool visitDirectory(const std::string& plain, Visit visit) {
+    const Directory opened(::opendir(plain.c_str()));
+    if (!opened) return false;
+    while (const dirent* entry = ::readdir(opened.get())) {
+        const std::string_view name = entry->d_name;
+        if (name != "." && name != ".." && name.find('\\') == std::string_view::npos)
+            visit(::dirfd(opened.get()), *entry);
+    }
+    return true;
+}
+
+bool isFile(int directory, const dirent& entry) {
+    if (entry.d_type == DT_REG || entry.d_type == DT_DIR) return entry.d_type == DT_REG;
+    struct stat info {};
+    return ::fstatat(directory, entry.d_name, &info, 0) == 0 && !S_ISDIR(info.st_mode);
+}
+
+/// Reads until the end of the file or `count` bytes are there, in pieces of `piece`. False on an error.
+bool readInto(int file, std::string& content, std::size_t count, std::size_t piece) {
+    for (std::size_t done = 0; done < count;) {
+        if (done == content.size()) content.resize(done + std::min(count - done, piece));
+        const ssize_t got = ::read(file, content.data() + done, content.size() - done);
+        if (got < 0 && errno == EINTR) continue;
+        if (got <= 0) {
+            content.resize(done);
+            return got == 0;
+        }
+        done += static_cast<std::size_t>(got);
+    }
+    return true;
+}
+
+bool writeAll(int file, std::string_view content) {
+    while (!content.empty()) {
+        const ssize_t written = ::write(file, content.data(), content.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) return false;
+        content.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return ::fsync(file) == 0;
+}
+
+std::string parentOf(const std::string& plain) {
+    const std::size_t last = plain.rfind('/');
+    if (last == std::string::npos) return ".";
+    return last == 0 ? "/" : plain.substr(0, last);
+}
+
+/// The new name itself must reach the disk too.
+void flushDirectory(const std::string& plain) {
+    const Descriptor directory(::open(plain.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (directory) ::fsync(directory.get());
+}
+
+/// Writes `content` to a new file that gets the old one's rights. 0, or the number of the error.
+int writeNew(const std::string& plain, std::string_view content, const std::string& old) {
+    Descriptor file(::open(plain.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    if (!file) return errno;
+    struct stat info {};
+    if (::stat(old.c_str(), &info) == 0 && ::fchmod(file.get(), info.st_mode & 07777) != 0) return errno;
+    if (!writeAll(file.get(), content) || !file.close()) return errno;
+    return 0;
+}
+
+}  // namespace
+
+bool exists(std::string_view path) {
+    return status(path).has_value();
+}
+
+bool fileExists(std::string_view path) {
+    const auto info = status(path);
+    return info && !S_ISDIR(info->st_mode);
+}
+
+bool directoryExists(std::string_view path) {
+    const auto info = status(path);
+    return info && S_ISDIR(info->st_mode);
+}
+
+std::vector<Entry> list(std::string_view directory) {
+    std::vector<Entry> entries;
+    const bool listed = visitDirectory(systemPath(directory), [&](int parent, const dirent& entry) {
+        struct stat info {};
+        if (::fstatat(parent, entry.d_name, &info, 0) != 0) return;  // a link to nowhere
+        entries.push_back(
+            {entry.d_name, S_ISDIR(info.st_mode), static_cast<std::uint64_t>(info.st_size), info.st_mtime});
+    });
+    if (!listed) throw cannotList(directory, reasonOf(errno));
+    return entries;
+}
+
+std::vector<std::string> foldedFileNames(std::string_view directory) {
+    std::vector<std::string> names;
+    visitDirectory(systemPath(directory), [&](int parent, const dirent& entry) {
+        if (isFile(parent, entry)) names.push_back(text::foldCase(entry.d_name));
+    });
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+void createDirectories(std::string_view directory) {
+    if (directory.empty() || directoryExists(directory)) return;
+    const std::string parent = path::directory(directory);
+    if (parent != directory) createDirectories(parent);
+    if (::mkdir(systemPath(directory).c_str(), 0777) == 0) return;
+    const int code = errno;
+    if (!directoryExists(directory)) throw cannotCreate(directory, reasonOf(code));
+}
+
+std::string read(std::string_view path) {
+    const Descriptor file(::open(systemPath(path).c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file) throw cannotRead(path, isMissing(errno), reasonOf(errno));
+    struct stat info {};
+    std::size_t piece = 65536;
+    // One byte more than the size, so that the end shows itself without another piece.
+    if (::fstat(file.get(), &info) == 0 && S_ISREG(info.st_mode))
+        piece = static_cast<std::size_t>(info.st_size) + 1;
+    std::string content;
+    if (!readInto(file.get(), content, content.max_size(), piece))
+        throw cannotRead(path, false, reasonOf(errno));
+    return content;
+}
+
+std::string readAt(std::string_view path, std::uint64_t offset, std::size_t count) {
+    const Descriptor file(::open(systemPath(path).c_str(), O_RDONLY | O_CLOEXEC));
+    std::string content;
+    if (file && ::lseek(file.get(), static_cast<off_t>(offset), SEEK_SET) >= 0)
+        readInto(file.get(), content, count, count);
+    return content;
+}
+
+void replace(std::string_view path, std::string_view content) {
+    static std::atomic<unsigned> counter = 0;
+    const std::string target = systemPath(path);
+    const std::string parent = parentOf(target);
+    const std::string temporary =
+        parent + "/~kv" + std::to_string(::getpid()) + "-" + std::to_string(++counter) + ".tmp";
+    int code = writeNew(temporary, content, target);
+    if (code == EEXIST) throw cannotWrite(path, reasonOf(code));  // not ours
+    if (code == 0 && ::rename(temporary.c_str(), target.c_str()) != 0) code = errno;
+    if (code != 0) {
+        ::unlink(temporary.c_str());
+        throw cannotWrite(path, reasonOf(code));
+    }
+    flushDirectory(parent);
+}
+
+void remove(std::string_view path) {
+    if (::unlink(systemPath(path).c_str()) != 0 && !isMissing(errno))
+        throw cannotRemove(path, reasonOf(errno));
+}
+
+std::string fullPath(std::string_view path) {
+    const std::string given = path::normalise(path);
+    if (given.size() >= 2 && (given[1] == ':' || given.starts_with("\\\\"))) return given;
+    if (path::isAbsolute(given)) return "Z:" + given;
+    const std::unique_ptr<char, decltype(&std::free)> current(::getcwd(nullptr, 0), &std::free);
+    return path::normalise("Z:" + std::string(current ? current.get() : "/") + "/" + given);
+}
+
+std::string programDirectory() {
+    std::array<char, 4096> name{};
+    const ssize_t length = ::readlink("/proc/self/exe", name.data(), name.size());
+    return path::directory(fullPath({name.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0))}));
+}
+
+}  // namespace platform::files

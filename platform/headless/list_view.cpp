@@ -1,0 +1,152 @@
+#include "platform/list_view.h"
+
+#include <algorithm>
+#include <sstream>
+
+#include "platform/headless/desk.h"
+#include "platform/headless/list_window.h"
+
+namespace platform {
+
+using headless::checkIndex;
+using headless::ListWindow;
+
+namespace {
+
+ListWindow& window(const ListView& list) {
+    return static_cast<ListWindow&>(list.native());
+}
+
+ListWindow& withRow(const ListView& list, int row) {
+    checkIndex(row, 1, list.count());
+    return window(list);
+}
+
+constexpr int widestColumn = 10000;
+
+/// Each of 1 to n once.
+bool isOrder(std::vector<int> order) {
+    std::sort(order.begin(), order.end());
+    for (std::size_t i = 0; i < order.size(); ++i)
+        if (order[i] != static_cast<int>(i) + 1) return false;
+    return true;
+}
+
+}  // namespace
+
+ListView::ListView(Container& parent, const std::string& name, const std::vector<Column>& columns,
+                   Options options)
+    : Control(std::make_unique<ListWindow>(&parent.native(), name, columns, options)) {}
+
+// Nothing shows them.
+void ListView::setIcons(const std::vector<IconImage>&) {}
+
+int ListView::count() const {
+    return window(*this).rows;
+}
+
+void ListView::setCount(int rows) {
+    window(*this).setCount(std::max(0, rows));
+}
+
+bool ListView::selected(int row) const {
+    return withRow(*this, row).selection.contains(row);
+}
+
+void ListView::select(int row, bool on) {
+    ListWindow& self = withRow(*this, row);
+    if (on && !self.options.multiSelect) self.selection.clear();
+    if (on)
+        self.selection.insert(row, row);
+    else
+        self.selection.erase(row, row);
+    self.queuePaint();
+}
+
+int ListView::selectedCount() const {
+    return window(*this).selection.size();
+}
+
+int ListView::firstSelected() const {
+    return nextSelected(0);
+}
+
+int ListView::nextSelected(int after) const {
+    return window(*this).selection.next(after + 1);
+}
+
+void ListView::selectAll() {
+    ListWindow& self = window(*this);
+    if (self.options.multiSelect) self.selection.insert(1, self.rows);
+    self.queuePaint();
+}
+
+void ListView::unselectAll() {
+    window(*this).selection.clear();
+    window(*this).queuePaint();
+}
+
+void ListView::selectOnly(int row) {
+    ListWindow& self = withRow(*this, row);
+    self.selectOnly(row);
+    self.scrollTo(row);
+}
+
+int ListView::focusRow() const {
+    return window(*this).focusRow;
+}
+
+void ListView::ensureVisible(int row) {
+    withRow(*this, row).scrollTo(row);
+}
+
+void ListView::redraw(int row) {
+    withRow(*this, row).queuePaint();
+}
+
+void ListView::redrawAll() {
+    window(*this).queuePaint();
+}
+
+void ListView::editLabel(int row) {
+    ListWindow& self = withRow(*this, row);
+    if (!self.options.editLabels || !self.usable()) return;
+    headless::Desk::instance().setFocus(&self);
+    self.focusRow = row;
+    self.scrollTo(row);
+    self.editing = row;
+}
+
+int ListView::hitTest(Point point) const {
+    const ListWindow& self = window(*this);
+    const int last = std::min(self.rows, self.top + self.rowsInView());  // the last one may be cut off
+    for (int row = self.top; row <= last; ++row)
+        if (self.rowArea(row).contains(point)) return row;
+    return 0;
+}
+
+int ListView::columnCount() const {
+    return static_cast<int>(window(*this).widths.size());
+}
+
+std::string ListView::layout() const {
+    std::ostringstream text;
+    for (const int width : window(*this).widths) text << width << ' ';
+    for (const int column : window(*this).order) text << column << ' ';
+    return text.str();
+}
+
+void ListView::setLayout(const std::string& layout) {
+    ListWindow& self = window(*this);
+    std::istringstream text(layout);
+    std::vector<int> widths(self.widths.size());
+    std::vector<int> order(self.order.size());
+    for (int& width : widths)
+        if (!(text >> width) || width < 0 || width > widestColumn) return;
+    for (int& column : order) text >> column;
+    if (!text || !isOrder(order) || !(text >> std::ws).eof()) return;
+    self.widths = widths;
+    self.order = order;
+}
+
+}  // namespace platform

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <vector>
+
+#include "platform/headless/pixels.h"
+#include "platform/headless/window.h"
+#include "platform/user_control.h"
+
+namespace platform::headless {
+
+struct UserControlWindow : Control::Native {
+    using Native::Native;
+
+    UserControl& userControl() const { return static_cast<UserControl&>(*control); }
+    void resized() override;
+    void captureLost() override;
+    void invalidateAll() override;
+    void paint() override;
+    void invalidate(Rect area);
+    Rect client() const { return Rect::at(0, 0, bounds.width(), bounds.height()); }
+    /// Its part of the screen, as large as the control; in a new one nothing was painted yet.
+    Surface& screen();
+
+    void mouseDown(MouseButton button, int shift, Point point);
+    void mouseUp(MouseButton button, int shift, Point point);
+
+    Pointer pointer = Pointer::arrow;
+
+  private:
+    Surface screen_;
+    std::vector<Rect> invalid_;
+    bool pressed_ = false;  // by the left button
+};
+
+}  // namespace platform::headless

@@ -1,0 +1,247 @@
+#include "platform/files.h"
+
+#include <algorithm>
+#include <atomic>
+#include <vector>
+
+#include "platform/file_errors.h"
+#include "platform/path.h"
+#include "platform/text.h"
+#include "platform/win32/wide.h"
+
+namespace platform::files {
+
+namespace {
+
+class Handle {
+  public:
+    explicit Handle(HANDLE handle) : handle_(handle) {}
+    ~Handle() { close(); }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+    HANDLE get() const { return handle_; }
+    explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
+    void close() {
+        if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(handle_);
+        handle_ = INVALID_HANDLE_VALUE;
+    }
+
+  private:
+    HANDLE handle_;
+};
+
+constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+bool isMissing(DWORD code) {
+    return code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND || code == ERROR_INVALID_NAME ||
+           code == ERROR_BAD_NETPATH || code == ERROR_BAD_NET_NAME;
+}
+
+std::wstring absolute(const std::wstring& path) {
+    std::wstring full(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length =
+            GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+        const bool fits = length < full.size();
+        full.resize(length);
+        if (fits) return full;
+    }
+}
+
+/// What the system's functions take: long paths get the prefix that lifts the limit of 260 characters (248
+/// for directories), which works only for absolute paths.
+std::wstring systemPath(std::string_view path) {
+    static constexpr std::size_t shortEnough = 240;
+    std::wstring given = wide(path);
+    if (given.size() < shortEnough && path::isAbsolute(path)) return given;
+    std::wstring full = absolute(given);
+    if (full.size() < shortEnough || full.starts_with(LR"(\\?\)")) return full;
+    return full.starts_with(LR"(\\)") ? LR"(\\?\UNC\)" + full.substr(2) : LR"(\\?\)" + full;
+}
+
+DWORD attributes(std::string_view path) {
+    return GetFileAttributesW(systemPath(path).c_str());
+}
+
+/// Calls `visit` for each entry but "." and ".."; returns why it ended.
+template <class Visit>
+DWORD visitDirectory(std::string_view directory, Visit visit) {
+    const Handle handle(CreateFileW(systemPath(directory).c_str(), FILE_LIST_DIRECTORY, shareAll, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    if (!handle) return GetLastError();
+    std::vector<std::uint64_t> buffer(65536 / sizeof(std::uint64_t));
+    while (GetFileInformationByHandleEx(handle.get(), FileFullDirectoryInfo, buffer.data(),
+                                        static_cast<DWORD>(buffer.size() * sizeof(std::uint64_t)))) {
+        const char* at = reinterpret_cast<const char*>(buffer.data());
+        for (;;) {
+            const auto& info = *reinterpret_cast<const FILE_FULL_DIR_INFO*>(at);
+            const std::wstring_view name(info.FileName, info.FileNameLength / sizeof(wchar_t));
+            if (name != L"." && name != L"..") visit(info, name);
+            if (info.NextEntryOffset == 0) break;
+            at += info.NextEntryOffset;
+        }
+    }
+    return GetLastError();
+}
+
+bool isDirectory(const FILE_FULL_DIR_INFO& info) {
+    return (info.FileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+/// Windows counts in 100 ns from the year 1601.
+std::int64_t unixSeconds(const LARGE_INTEGER& time) {
+    return (time.QuadPart - 116444736000000000) / 10000000;
+}
+
+std::size_t readInto(HANDLE file, char* target, std::size_t count) {
+    std::size_t done = 0;
+    while (done < count) {
+        const auto part = static_cast<DWORD>(std::min<std::size_t>(count - done, 1U << 30));
+        DWORD got = 0;
+        if (!ReadFile(file, target + done, part, &got, nullptr)) break;
+        if (got == 0) {
+            SetLastError(ERROR_HANDLE_EOF);
+            break;
+        }
+        done += got;
+    }
+    return done;
+}
+
+bool writeAll(HANDLE file, std::string_view content) {
+    while (!content.empty()) {
+        const auto part = static_cast<DWORD>(std::min<std::size_t>(content.size(), 1U << 30));
+        DWORD written = 0;
+        if (!WriteFile(file, content.data(), part, &written, nullptr)) return false;
+        content.remove_prefix(written);
+    }
+    return FlushFileBuffers(file) != 0;
+}
+
+/// A name beside the target that nobody else uses.
+std::wstring temporaryName(std::string_view target) {
+    static std::atomic<unsigned> counter = 0;
+    const std::string name =
+        "~kv" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++counter) + ".tmp";
+    return systemPath(path::join(path::directory(target), name));
+}
+
+/// A virus scanner or an indexer may hold a fresh file for a moment.
+bool moveOver(const std::wstring& source, const std::wstring& target) {
+    for (int attempt = 1;; ++attempt) {
+        if (MoveFileExW(source.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+            return true;
+        const DWORD code = GetLastError();
+        if (attempt == 5 || (code != ERROR_ACCESS_DENIED && code != ERROR_SHARING_VIOLATION)) return false;
+        Sleep(20);
+    }
+}
+
+}  // namespace
+
+bool exists(std::string_view path) {
+    return attributes(path) != INVALID_FILE_ATTRIBUTES;
+}
+
+bool fileExists(std::string_view path) {
+    const DWORD found = attributes(path);
+    return found != INVALID_FILE_ATTRIBUTES && (found & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+bool directoryExists(std::string_view path) {
+    const DWORD found = attributes(path);
+    return found != INVALID_FILE_ATTRIBUTES && (found & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+std::vector<Entry> list(std::string_view directory) {
+    std::vector<Entry> entries;
+    const DWORD end = visitDirectory(directory, [&](const FILE_FULL_DIR_INFO& info, std::wstring_view name) {
+        entries.push_back({narrow(name), isDirectory(info),
+                           static_cast<std::uint64_t>(info.EndOfFile.QuadPart),
+                           unixSeconds(info.LastWriteTime)});
+    });
+    if (end != ERROR_NO_MORE_FILES) throw cannotList(directory, lastErrorText(end));
+    return entries;
+}
+
+std::vector<std::string> foldedFileNames(std::string_view directory) {
+    std::vector<std::string> names;
+    visitDirectory(directory, [&](const FILE_FULL_DIR_INFO& info, std::wstring_view name) {
+        if (!isDirectory(info)) names.push_back(text::foldCase(narrow(name)));
+    });
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+void createDirectories(std::string_view directory) {
+    if (directory.empty() || directoryExists(directory)) return;
+    const std::string parent = path::directory(directory);
+    if (parent != directory) createDirectories(parent);
+    if (CreateDirectoryW(systemPath(directory).c_str(), nullptr)) return;
+    const DWORD code = GetLastError();
+    if (!directoryExists(directory)) throw cannotCreate(directory, lastErrorText(code));
+}
+
+std::string read(std::string_view path) {
+    const Handle file(
+        CreateFileW(systemPath(path).c_str(), GENERIC_READ, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    DWORD code = GetLastError();
+    LARGE_INTEGER size{};
+    if (!file || !GetFileSizeEx(file.get(), &size)) {
+        if (file) code = GetLastError();
+        throw cannotRead(path, isMissing(code), lastErrorText(code));
+    }
+    std::string content(static_cast<std::size_t>(size.QuadPart), '\0');
+    if (readInto(file.get(), content.data(), content.size()) < content.size())
+        throw cannotRead(path, false, lastErrorText(GetLastError()));
+    return content;
+}
+
+std::string readAt(std::string_view path, std::uint64_t offset, std::size_t count) {
+    const Handle file(
+        CreateFileW(systemPath(path).c_str(), GENERIC_READ, shareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    LARGE_INTEGER start{};
+    start.QuadPart = static_cast<LONGLONG>(offset);
+    if (!file || !SetFilePointerEx(file.get(), start, nullptr, FILE_BEGIN)) return {};
+    std::string content(count, '\0');
+    content.resize(readInto(file.get(), content.data(), count));
+    return content;
+}
+
+void replace(std::string_view path, std::string_view content) {
+    const std::wstring temporary = temporaryName(path);
+    Handle file(CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL,
+                            nullptr));
+    if (!file) throw cannotWrite(path, lastErrorText(GetLastError()));
+    bool done = writeAll(file.get(), content);
+    DWORD code = GetLastError();
+    file.close();
+    if (done && !moveOver(temporary, systemPath(path))) {
+        code = GetLastError();
+        done = false;
+    }
+    if (done) return;
+    DeleteFileW(temporary.c_str());
+    throw cannotWrite(path, lastErrorText(code));
+}
+
+void remove(std::string_view path) {
+    if (DeleteFileW(systemPath(path).c_str())) return;
+    const DWORD code = GetLastError();
+    if (!isMissing(code)) throw cannotRemove(path, lastErrorText(code));
+}
+
+std::string fullPath(std::string_view path) {
+    return path::normalise(narrow(absolute(wide(path::normalise(path)))));
+}
+
+std::string programDirectory() {
+    std::wstring name(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length = GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()));
+        if (length < name.size()) return path::directory(narrow({name.data(), length}));
+        name.resize(name.size() * 2);
+    }
+}
+
+}  // namespace platform::files

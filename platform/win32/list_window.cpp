@@ -1,0 +1,229 @@
+#include "platform/win32/list_window.h"
+
+#include <algorithm>
+#include <utility>
+
+// After <windows.h>, which it needs.
+#include <uxtheme.h>
+
+#include "platform/text.h"
+#include "platform/win32/event.h"
+#include "platform/win32/form_window.h"
+#include "platform/win32/wide.h"
+
+/// The list's messages and notifications: what the user does.
+namespace platform::win32 {
+
+namespace {
+
+constexpr UINT editLabelMessage = WM_APP + 2;
+
+/// The button of any of its messages.
+MouseButton buttonOf(UINT message) {
+    return detail::buttonOf(message);
+}
+
+}  // namespace
+
+ListWindow::ListWindow(Native* parentWindow, const std::string& controlName,
+                       const std::vector<ListView::Column>& columns, ListView::Options options)
+    : Native(parentWindow, controlName),
+      options_(options),
+      columnCount_(static_cast<int>(columns.size())),
+      laidOutFor_(dpi()) {
+    createControl(WC_LISTVIEWW,
+                  LVS_REPORT | LVS_OWNERDATA | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS | WS_TABSTOP |
+                      (options.multiSelect ? 0U : LVS_SINGLESEL) | (options.editLabels ? LVS_EDITLABELS : 0U),
+                  WS_EX_CLIENTEDGE);
+    constexpr DWORD extended =
+        LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP | LVS_EX_HEADERDRAGDROP;
+    send(LVM_SETEXTENDEDLISTVIEWSTYLE, extended, static_cast<LPARAM>(extended));
+    SetWindowTheme(window, L"Explorer", nullptr);
+    for (int i = 0; i < columnCount_; ++i) insertColumn(i, columns[static_cast<std::size_t>(i)]);
+}
+
+Handled ListWindow::handle(const Message& m) {
+    static constexpr Route<ListWindow> routes[] = {
+        raw<WM_LBUTTONDOWN, &ListWindow::pressed>(), raw<WM_RBUTTONDOWN, &ListWindow::pressed>(),
+        raw<WM_MBUTTONDOWN, &ListWindow::pressed>(), raw<WM_LBUTTONUP, &ListWindow::released>(),
+        raw<WM_RBUTTONUP, &ListWindow::released>(),  raw<WM_MBUTTONUP, &ListWindow::released>(),
+        raw<WM_KEYDOWN, &ListWindow::keyPressed>(),  raw<WM_CHAR, &ListWindow::typed>(),
+        on<WM_KEYUP, &ListWindow::keyReleased>(),    raw<editLabelMessage, &ListWindow::editPosted>(),
+    };
+    if (!control) return std::nullopt;
+    return dispatch(*this, routes, m);
+}
+
+Handled ListWindow::notify(NMHDR& header) {
+    static constexpr NotifyRoute<ListWindow> routes[] = {
+        onNotify<LVN_GETDISPINFOW, &ListWindow::supplyCell>(),
+        onNotify<LVN_ODFINDITEMW, &ListWindow::findRow>(),
+        onNotify<LVN_ITEMCHANGED, &ListWindow::rowChanged>(),
+        onNotify<LVN_ODSTATECHANGED, &ListWindow::rangeChanged>(),
+        onNotify<NM_CLICK, &ListWindow::clicked>(),
+        onNotify<NM_RCLICK, &ListWindow::clicked>(),
+        onNotify<NM_DBLCLK, &ListWindow::doubleClicked>(),
+        onNotify<LVN_COLUMNCLICK, &ListWindow::columnClicked>(),
+        onNotify<LVN_ENDLABELEDITW, &ListWindow::labelEdited>(),
+    };
+    if (!control) return std::nullopt;
+    return dispatch(*this, routes, header);
+}
+
+// Real Windows follows the mouse inside this message, until the button is up again or a drag begins.
+Handled ListWindow::pressed(const Message& m) {
+    const MouseButton button = buttonOf(m.id);
+    const Point point = detail::pointOf(m.lParam);
+    pressed_ = button;
+    raise(list().onMouseDown, button, shiftOf(m.wParam), point);
+    const int target = hitTest(point);
+    swallowedRelease_.reset();
+    const LRESULT result = follow(m);
+    if (button != MouseButton::middle && target > 0 && target <= count() && selected(target))
+        raise(list().onItemClick, target);
+    if (swallowedRelease_) raiseMouseUp(button, shiftNow(), *swallowedRelease_);
+    return result;
+}
+
+/// Lets the list do what the user wants and tells, once, when the selection is another one then.
+LRESULT ListWindow::follow(const Message& m) {
+    changed_ = false;
+    ++userAction_;
+    const LRESULT result = passOn(m);
+    --userAction_;
+    if (changed_) raise(list().onSelectionChange);
+    return result;
+}
+
+Handled ListWindow::released(const Message& m) {
+    const LRESULT result = follow(m);  // a click into a larger selection takes effect only here
+    raiseMouseUp(buttonOf(m.id), shiftOf(m.wParam), detail::pointOf(m.lParam));
+    return result;
+}
+
+void ListWindow::raiseMouseUp(MouseButton button, int shift, Point point) {
+    if (pressed_ != button) return;
+    pressed_.reset();
+    raise(list().onMouseUp, button, shift, point);
+}
+
+// Where the list follows the mouse itself it swallows the release of a click and sends this instead, still
+// inside the press.
+void ListWindow::clicked(NMITEMACTIVATE& click) {
+    swallowedRelease_ = Point{click.ptAction.x, click.ptAction.y};
+}
+
+bool ListWindow::selectsAll(int key, int shift) const {
+    return options_.multiSelect && key == 'A' && shift == shiftKey::control;
+}
+
+Handled ListWindow::keyPressed(const Message& m) {
+    const int key = static_cast<int>(m.wParam);
+    const int shift = shiftNow();
+    raise(list().onKeyDown, key, shift);
+    if (selectsAll(key, shift)) {
+        const int before = selectedCount();
+        selectAll();
+        if (selectedCount() != before) raise(list().onSelectionChange);
+        return done;
+    }
+    return typed(m);
+}
+
+Handled ListWindow::typed(const Message& m) {
+    const LRESULT result = follow(m);
+    const int chosen = focusRow();
+    if (changed_ && chosen > 0 && selected(chosen)) raise(list().onItemClick, chosen);
+    return result;
+}
+
+void ListWindow::keyReleased(int key, int shift) {
+    raise(list().onKeyUp, key, shift);
+}
+
+void ListWindow::supplyCell(NMLVDISPINFOW& info) {
+    LVITEMW& item = info.item;
+    const int wanted = row(item.iItem);
+    if (wanted < 1 || wanted > count()) return;
+    if ((item.mask & LVIF_TEXT) && item.cchTextMax > 0) {
+        const std::wstring text =
+            wide(ask(list().cell, std::string(), wanted, static_cast<int>(item.iSubItem)));
+        const std::size_t length = text.copy(item.pszText, static_cast<std::size_t>(item.cchTextMax) - 1);
+        item.pszText[length] = L'\0';
+    }
+    if ((item.mask & LVIF_IMAGE) && item.iSubItem == 0) item.iImage = ask(list().icon, -1, wanted);
+}
+
+// Letters typed quickly choose the next row whose name begins with them.
+Handled ListWindow::findRow(NMLVFINDITEMW& search) {
+    constexpr LRESULT nothing = -1;
+    if (!(search.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) || !search.lvfi.psz) return nothing;
+    const std::string wanted = text::foldCase(narrow(search.lvfi.psz));
+    const int n = count();
+    const int start = std::clamp(search.iStart, 0, n);
+    for (int i = 0; i < n; ++i) {
+        const int at = (start + i) % n;
+        if (text::foldCase(ask(list().cell, std::string(), row(at), 0)).starts_with(wanted)) return at;
+    }
+    return nothing;
+}
+
+void ListWindow::rowChanged(NMLISTVIEW& change) {
+    if (!(change.uChanged & LVIF_STATE)) return;
+    const UINT differs = change.uNewState ^ change.uOldState;
+    if (differs & LVIS_SELECTED) selectionChanged(change.uNewState & LVIS_SELECTED ? row(change.iItem) : 0);
+}
+
+void ListWindow::rangeChanged(NMLVODSTATECHANGE& change) {
+    if ((change.uNewState ^ change.uOldState) & LVIS_SELECTED) selectionChanged(0);
+}
+
+void ListWindow::selectionChanged(int newRow) {
+    if (quiet()) return;
+    if (userAction_ > 0) {
+        changed_ = true;
+        return;
+    }
+    // By another program: a screen reader, a script.
+    raise(list().onSelectionChange);
+    if (newRow > 0) raise(list().onItemClick, newRow);
+}
+
+void ListWindow::doubleClicked(NMITEMACTIVATE& click) {
+    if (const int target = row(click.iItem); target > 0) raise(list().onDoubleClick, target);
+}
+
+void ListWindow::columnClicked(NMLISTVIEW& click) {
+    raise(list().onColumnClick, click.iSubItem + 1);
+}
+
+Handled ListWindow::labelEdited(NMLVDISPINFOW& info) {
+    const int edited = row(info.item.iItem);
+    if (!info.item.pszText || edited < 1 || edited > count()) return FALSE;  // abandoned
+    const std::string text = narrow(info.item.pszText);
+    if (text == ask(list().cell, std::string(), edited, 0)) return FALSE;
+    endingEdit_ = true;
+    const bool taken = ask(list().onLabelEdited, false, edited, text);
+    endingEdit_ = false;
+    if (edited <= count()) redraw(edited);
+    return taken;
+}
+
+void ListWindow::editLabel(int wanted) {
+    // The list has still to take down the edit field that is just being left.
+    if (endingEdit_)
+        PostMessageW(window, editLabelMessage, static_cast<WPARAM>(wanted), 0);
+    else if (usable() && form().visible && options_.editLabels) {
+        SetFocus(window);
+        ensureVisible(wanted);
+        send(LVM_EDITLABELW, static_cast<WPARAM>(index(wanted)));
+    }
+}
+
+Handled ListWindow::editPosted(const Message& m) {
+    const int wanted = static_cast<int>(m.wParam);
+    if (wanted >= 1 && wanted <= count()) editLabel(wanted);
+    return done;
+}
+
+}  // namespace platform::win32

@@ -1,0 +1,136 @@
+#include "platform/win32/failure.h"
+#include "platform/win32/handle.h"
+#include "platform/win32/picture_decoders.h"
+#include "platform/win32/surface_bitmap.h"
+
+// After <windows.h>, which it needs.
+#include <wincodec.h>
+
+namespace platform::win32 {
+
+namespace {
+
+/// What the decoder's own codes mean; Windows has no texts for them.
+std::string reasonOf(HRESULT result) {
+    switch (static_cast<unsigned long>(result)) {
+        case static_cast<unsigned long>(WINCODEC_ERR_COMPONENTNOTFOUND):
+        case static_cast<unsigned long>(WINCODEC_ERR_UNKNOWNIMAGEFORMAT):
+            return "unbekanntes Bildformat";
+        case static_cast<unsigned long>(WINCODEC_ERR_BADHEADER):
+        case static_cast<unsigned long>(WINCODEC_ERR_BADIMAGE):
+        case static_cast<unsigned long>(WINCODEC_ERR_FRAMEMISSING):
+        case static_cast<unsigned long>(WINCODEC_ERR_STREAMREAD):
+        case static_cast<unsigned long>(WINCODEC_ERR_BADSTREAMDATA):
+        case static_cast<unsigned long>(E_FAIL):
+            return "die Datei ist beschädigt";
+        case static_cast<unsigned long>(E_OUTOFMEMORY):
+            return "der Arbeitsspeicher reicht nicht aus";
+        default:
+            return resultText(result);
+    }
+}
+
+/// Making the factory costs more than decoding a small picture, so each thread keeps one.
+IWICImagingFactory* factory() {
+    struct Kept {
+        Kept() {
+            IWICImagingFactory* made = nullptr;
+            requireOk(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
+                                       IID_IWICImagingFactory, reinterpret_cast<void**>(&made)),
+                      "Bilddecoder laden");
+            factory = UniqueCom<IWICImagingFactory>(made);
+        }
+        ComApartment apartment;  // gone after the factory
+        UniqueCom<IWICImagingFactory> factory;
+    };
+    thread_local const Kept kept;
+    return kept.factory.get();
+}
+
+/// A failed call on the way to the pixels; goes no further than this file.
+struct Refused {
+    HRESULT result;
+};
+
+/// Makes a COM object by a call with an out parameter.
+template <class Interface, class Call>
+UniqueCom<Interface> made(Call call) {
+    Interface* object = nullptr;
+    const HRESULT result = call(&object);
+    if (FAILED(result)) throw Refused{result};
+    return UniqueCom<Interface>(object);
+}
+
+void check(HRESULT result) {
+    if (FAILED(result)) throw Refused{result};
+}
+
+UniqueCom<IWICBitmapFrameDecode> firstFrame(IWICBitmapDecoder& decoder) {
+    return made<IWICBitmapFrameDecode>([&](auto out) { return decoder.GetFrame(0, out); });
+}
+
+/// The frame as 32 bits a pixel, blue first; itself when it is stored so.
+UniqueCom<IWICBitmapSource> asPixels(IWICBitmapFrameDecode& frame) {
+    WICPixelFormatGUID format{};
+    check(frame.GetPixelFormat(&format));
+    if (format == GUID_WICPixelFormat32bppBGR) {
+        frame.AddRef();
+        return UniqueCom<IWICBitmapSource>(&frame);
+    }
+    auto converter =
+        made<IWICFormatConverter>([](auto out) { return factory()->CreateFormatConverter(out); });
+    check(converter.get()->Initialize(&frame, GUID_WICPixelFormat32bppBGR, WICBitmapDitherTypeNone, nullptr,
+                                      0.0, WICBitmapPaletteTypeCustom));
+    converter.get()->AddRef();
+    return UniqueCom<IWICBitmapSource>(converter.get());
+}
+
+/// Copies what lies within the area, without a bitmap in between.
+void copyPixels(IWICBitmapSource& source, Size size, Surface& target, Rect area) {
+    const Rect all = Rect::at(0, 0, target.size().width, target.size().height);
+    const Rect covered =
+        intersect(intersect(area, all), Rect::at(area.left, area.top, size.width, size.height));
+    if (covered.empty()) return;
+    const WICRect part{covered.left - area.left, covered.top - area.top, covered.width(), covered.height()};
+    const auto stride = static_cast<UINT>(target.size().width) * 4U;
+    const UINT bytes =
+        stride * static_cast<UINT>(covered.height() - 1) + static_cast<UINT>(covered.width()) * 4U;
+    check(source.CopyPixels(&part, stride, bytes,
+                            reinterpret_cast<BYTE*>(target.row(covered.top) + covered.left)));
+    // The fourth byte of a pixel is whatever the decoder left there.
+    for (int y = covered.top; y < covered.bottom; ++y) {
+        std::uint32_t* row = target.row(y);
+        for (int x = covered.left; x < covered.right; ++x) row[x] &= 0xFFFFFF;
+    }
+}
+
+}  // namespace
+
+ComApartment::ComApartment() : entered_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
+
+ComApartment::~ComApartment() {
+    if (entered_) CoUninitialize();
+}
+
+std::string decodeByImagingComponent(const std::string& content, Surface& target, Rect area, Size& size) {
+    try {
+        const auto stream = made<IWICStream>([](auto out) { return factory()->CreateStream(out); });
+        auto* bytes = reinterpret_cast<BYTE*>(const_cast<char*>(content.data()));  // only read
+        check(stream.get()->InitializeFromMemory(bytes, static_cast<DWORD>(content.size())));
+        const auto decoder = made<IWICBitmapDecoder>([&](auto out) {
+            return factory()->CreateDecoderFromStream(stream.get(), nullptr, WICDecodeMetadataCacheOnDemand,
+                                                      out);
+        });
+        const auto frame = firstFrame(*decoder.get());
+        UINT width = 0;
+        UINT height = 0;
+        check(frame.get()->GetSize(&width, &height));
+        size = {static_cast<int>(width), static_cast<int>(height)};
+        copyPixels(*asPixels(*frame.get()).get(), size, target, area);
+        return {};
+    } catch (const Refused& refused) {
+        return reasonOf(refused.result);
+    }
+}
+
+}  // namespace platform::win32

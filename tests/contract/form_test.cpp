@@ -1,0 +1,276 @@
+#include "platform/form.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "platform/basic_controls.h"
+#include "platform/errors.h"
+#include "tests/contract/test_window.h"
+#include "tests/support/messages.h"
+#include "tests/support/user.h"
+
+namespace {
+
+using namespace platform;
+using contract::Events;
+using contract::TestWindow;
+
+TEST(Form, IsMadeHiddenInTheSizeThatItAsksFor) {
+    Form form("frmContract", "Vertrag", {.clientSize = {500, 300}});
+    EXPECT_FALSE(form.visible());
+    EXPECT_TRUE(form.loaded());
+    EXPECT_EQ(form.caption(), "Vertrag");
+    EXPECT_EQ(form.clientSize(), (Size{500, 300}));
+    form.setCaption("Größe & Maß");
+    EXPECT_EQ(form.caption(), "Größe & Maß");
+}
+
+TEST(Form, IsActivatedWhenItIsShown) {
+    Form form("frmContract", "Vertrag", {});
+    int activated = 0;
+    form.onActivate = [&] { ++activated; };
+    form.show();
+    EXPECT_TRUE(form.visible());
+    EXPECT_EQ(activated, 1);
+}
+
+struct Unloading : TestWindow {
+    bool agrees = true;
+    Unloading() {
+        form.onQueryUnload = [this] {
+            events.push_back("query");
+            return agrees;
+        };
+        form.onUnload = log("unload");
+    }
+};
+
+TEST(Form, AsksBeforeItIsUnloaded) {
+    Unloading window;
+    window.agrees = false;
+    EXPECT_FALSE(window.form.unload());
+    EXPECT_FALSE(user::close(window.form));
+    EXPECT_EQ(window.raised(), (Events{"query", "query"}));
+    EXPECT_TRUE(window.form.loaded());
+    EXPECT_TRUE(window.form.visible());
+
+    window.agrees = true;
+    EXPECT_TRUE(user::close(window.form));
+    EXPECT_EQ(window.raised(), (Events{"query", "unload"}));
+    EXPECT_FALSE(window.form.loaded());
+    EXPECT_FALSE(window.form.visible());
+    EXPECT_TRUE(window.form.unload()) << "gone already";
+    EXPECT_EQ(window.raised(), Events{});
+}
+
+TEST(Form, IsUnloadedOnceWhenItsHandlersUnloadItToo) {
+    Unloading window;
+    window.form.onUnload = [&] {
+        window.events.push_back("unload");
+        window.form.unload();
+    };
+    EXPECT_TRUE(window.form.unload());
+    EXPECT_EQ(window.raised(), (Events{"query", "unload"}));
+}
+
+TEST(Form, StaysWhenAskingFails) {
+    Unloading window;
+    support::Messages messages;
+    messages.expectPart("nicht gespeichert");
+    window.form.onQueryUnload = []() -> bool { throw RuntimeError(error::fileError, "nicht gespeichert"); };
+    EXPECT_FALSE(user::close(window.form));
+    EXPECT_TRUE(window.form.loaded());
+}
+
+TEST(Form, RaisesNothingWhenItIsDestroyed) {
+    Events events;
+    {
+        Form form("frmContract", "Vertrag", {});
+        form.show();
+        form.onUnload = [&] { events.push_back("unload"); };
+        form.onResize = [&] { events.push_back("resize"); };
+    }
+    EXPECT_EQ(events, Events{});
+}
+
+struct Dialog : TestWindow {
+    Button btnOwner{form, "btnOwner"};
+    Form dialog{"frmDialog", "Frage", {.clientSize = {300, 200}, .dialog = true, .owner = &form}};
+    Button btnDialog{dialog, "btnDialog", "&Gut"};
+    Dialog() {
+        btnOwner.move(Rect::at(0, 0, 80, 25));
+        btnDialog.move(Rect::at(0, 0, 80, 25));
+        btnDialog.onClick = [this] { dialog.hide(); };
+    }
+};
+
+TEST(ModalForm, KeepsInputFromItsOwnerUntilItIsLeft) {
+    const std::function<void(Dialog&)> ways[] = {
+        [](Dialog& d) { user::press(d.btnDialog); },
+        [](Dialog& d) { d.dialog.unload(); },
+        [](Dialog& d) { user::close(d.dialog); },
+    };
+    for (const auto& leave : ways) {
+        Dialog d;
+        int shown = 0;
+        {
+            const user::ModalUser person([&](Form& form) {
+                ++shown;
+                EXPECT_EQ(&form, &d.dialog);
+                EXPECT_TRUE(user::reachable(d.btnDialog));
+                EXPECT_FALSE(user::reachable(d.btnOwner));
+                leave(d);
+            });
+            d.dialog.showModal();
+        }
+        EXPECT_EQ(shown, 1);
+        EXPECT_FALSE(d.dialog.visible());
+        EXPECT_TRUE(user::reachable(d.btnOwner));
+    }
+}
+
+TEST(ModalForm, GivesTheFocusBackToWhoHadIt) {
+    Dialog d;
+    d.btnOwner.focus();
+    const user::ModalUser person([&](Form&) {
+        EXPECT_FALSE(d.btnOwner.focused());
+        user::press(d.btnDialog);
+    });
+    d.dialog.showModal();
+    user::pump();
+    EXPECT_TRUE(d.btnOwner.focused());
+}
+
+TEST(Form, GivesTheFocusToTheControlThatGotItBeforeItWasShown) {
+    Form form("frmContract", "Vertrag", {});
+    TextBox first(form, "txtFirst"), second(form, "txtSecond");
+    for (TextBox* box : {&first, &second}) box->move(Rect::at(0, box == &first ? 0 : 30, 100, 23));
+    second.focus();
+    EXPECT_FALSE(second.focused());
+    form.show();
+    EXPECT_TRUE(second.focused());
+}
+
+TEST(ModalForm, LeavesItsOwnerUsableAsSoonAsItIsHidden) {
+    Dialog d;
+    bool usable = false;
+    d.btnDialog.onClick = [&] {
+        d.dialog.hide();
+        usable = user::reachable(d.btnOwner);
+    };
+    const user::ModalUser person([&](Form&) { user::press(d.btnDialog); });
+    d.dialog.showModal();
+    EXPECT_TRUE(usable);
+}
+
+TEST(ModalForm, KeepsTheCloseBoxOfItsOwnerFromWorking) {
+    Dialog d;
+    const user::ModalUser person([&](Form&) {
+        EXPECT_FALSE(user::close(d.form));
+        user::press(d.btnDialog);
+    });
+    d.dialog.showModal();
+    EXPECT_TRUE(d.form.loaded());
+}
+
+TEST(ModalForm, StaysAsLongAsItRefusesToGo) {
+    Dialog d;
+    int asked = 0;
+    d.dialog.onQueryUnload = [&] { return ++asked == 3; };
+    const user::ModalUser person([&](Form& form) { user::close(form); });
+    d.dialog.showModal();
+    EXPECT_EQ(asked, 3);
+}
+
+TEST(ModalForm, CanBeShownAgainAfterItWasHidden) {
+    Dialog d;
+    int shown = 0;
+    const user::ModalUser person([&](Form&) {
+        ++shown;
+        user::press(d.btnDialog);
+    });
+    d.dialog.showModal();
+    d.dialog.showModal();
+    EXPECT_EQ(shown, 2);
+}
+
+TEST(Form, TellsANewSize) {
+    TestWindow window;
+    user::pump();
+    Size told;
+    window.form.onResize = [&] { told = window.form.clientSize(); };
+    user::resize(window.form, {700, 420});
+    EXPECT_EQ(told, (Size{700, 420}));
+    EXPECT_EQ(window.form.clientSize(), (Size{700, 420}));
+}
+
+TEST(Form, IsNotMadeSmallerThanItsMinimum) {
+    TestWindow window;
+    window.form.setMinimumSize({400, 300});
+    user::resize(window.form, {150, 100});
+    EXPECT_EQ(window.form.bounds().width(), 400);
+    EXPECT_EQ(window.form.bounds().height(), 300);
+}
+
+TEST(Form, KeepsItsPlacementAsText) {
+    TestWindow first;
+    first.form.move(Rect::at(40, 60, 500, 333));
+    const std::string placement = first.form.placement();
+
+    Form second("frmContract", "Zweites", {});
+    second.setPlacement(placement);
+    EXPECT_EQ(second.bounds(), Rect::at(40, 60, 500, 333));
+
+    first.form.move(Rect::at(30000, 30000, 500, 333));
+    for (const std::string& unusable :
+         {first.form.placement(), std::string(), std::string("1 2 drei"), placement + "x y"}) {
+        second.setPlacement(unusable);
+        EXPECT_EQ(second.bounds(), Rect::at(40, 60, 500, 333)) << unusable;
+    }
+}
+
+TEST(Subclassing, SeesWatchedMessagesAndMayKeepThem) {
+    Unloading window;
+    constexpr std::uint32_t close = 16, other = 0x8000 + 5;
+    auto subclassing = std::make_unique<Subclassing>(window.form);
+    std::vector<std::uint32_t> seen;
+    std::int16_t answer = -1;
+    subclassing->watch(close);
+    subclassing->onMessage = [&](std::intptr_t handle, std::uint32_t message, std::uintptr_t, std::intptr_t&,
+                                 std::int16_t& handled) {
+        EXPECT_NE(handle, 0);
+        EXPECT_EQ(handled, 0);
+        seen.push_back(message);
+        handled = answer;
+    };
+    user::send(window.form, other, 0, 0);
+    EXPECT_TRUE(seen.empty()) << "nobody asked for it";
+    user::send(window.form, close, 0, 0);
+    EXPECT_EQ(seen, std::vector<std::uint32_t>{close});
+    EXPECT_EQ(window.raised(), Events{}) << "it has been dealt with";
+
+    window.agrees = false;
+    answer = 0;
+    user::send(window.form, close, 0, 0);
+    EXPECT_EQ(window.raised(), Events{"query"});
+    subclassing.reset();
+    user::send(window.form, close, 0, 0);
+    EXPECT_EQ(seen.size(), 2u);
+}
+
+TEST(Subclassing, AnswersForTheLimitsOfTheWindow) {
+    TestWindow window;
+    Subclassing subclassing(window.form);
+    subclassing.watch(getMinMaxInfoMessage);
+    subclassing.onMessage = [](std::intptr_t, std::uint32_t, std::uintptr_t, std::intptr_t& lParam,
+                               std::int16_t& handled) {
+        reinterpret_cast<SizeLimits*>(lParam)->minTrackSize = {640, 400};
+        handled = -1;
+    };
+    user::resize(window.form, {200, 900});
+    EXPECT_EQ(window.form.bounds().width(), 640);
+    EXPECT_EQ(window.form.clientSize().height, 900);
+}
+
+}  // namespace

@@ -1,0 +1,7 @@
+#include "tests/support/initialise.h"
+
+namespace support {
+
+void initialise() {}
+
+}  // namespace support
