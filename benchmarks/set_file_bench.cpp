@@ -1,0 +1,102 @@
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+#include "model/kvTamSampleSet.h"
+#include "model/set_file_names.h"
+#include "platform/document.h"
+#include "platform/files.h"
+#include "platform/path.h"
+
+/// Sets of 10 classes and 10 regions; the argument is the number of samples.
+namespace {
+
+using namespace model;
+namespace files = platform::files;
+
+constexpr int classCount = 10;
+constexpr int regionCount = 10;
+
+std::string padded(int number) {
+    const std::string digits = std::to_string(number);
+    return std::string(6 - digits.size(), '0') + digits;
+}
+
+kvTamSampleSet makeSet(int samples) {
+    kvTamSampleSet set;
+    set.AppPath(R"(C:\Veltor\Data)");
+    for (int i = 1; i <= classCount; ++i) set.kvtamClasses().Add("Fehlerart " + std::to_string(i));
+    for (int i = 0; i < regionCount; ++i) {
+        kvTamROI& roi = set.kvtamROIs().Add();
+        roi.Name = "Bereich " + std::to_string(i);
+        roi.X = roi.Y = roi.dX = roi.dY = i * 10;
+    }
+    for (int i = 0; i < samples; ++i) {
+        kvTamSample& sample = set.kvtamSamples().Add(
+            R"(C:\Veltor\Data\Picture\Serie )" + std::to_string(i / 1000) + "\\bild" + padded(i) + ".bmp",
+            "bild" + padded(i) + ".bmp");
+        for (int r = 0; r < regionCount; ++r) sample.ItemClasses.push_back(1 + (i + r) % classCount);
+    }
+    return set;
+}
+
+/// A set file as long as a benchmark needs it.
+class StoredSet {
+  public:
+    explicit StoredSet(int samples) : name(files::fullPath("set_file_bench.kvs")), set(makeSet(samples)) {
+        set.Save(name);
+    }
+    ~StoredSet() { files::remove(name); }
+    StoredSet(const StoredSet&) = delete;
+    StoredSet& operator=(const StoredSet&) = delete;
+
+    const std::string name;
+    kvTamSampleSet set;
+};
+
+void Save(benchmark::State& state) {
+    StoredSet stored(static_cast<int>(state.range(0)));
+    for (auto _ : state) stored.set.Save();
+    state.counters["MB"] = static_cast<double>(files::read(stored.name).size()) / 1e6;
+}
+
+void Load(benchmark::State& state) {
+    const StoredSet stored(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        kvTamSampleSet set;
+        set.AppPath(stored.set.AppPath());
+        if (!set.Load(stored.name)) state.SkipWithError("not loaded");
+        state.PauseTiming();   // the set's end is not part of reading it
+        set.Clear();
+        state.ResumeTiming();
+    }
+}
+
+void ParseOnly(benchmark::State& state) {
+    const StoredSet stored(static_cast<int>(state.range(0)));
+    for (auto _ : state) benchmark::DoNotOptimize(platform::ProfileDocument::load(stored.name).lineCount());
+}
+
+/// The window's way: one entry per call, sample by sample, for its path and its class in every region.
+void PeekEntryByEntry(benchmark::State& state) {
+    const StoredSet stored(static_cast<int>(state.range(0)));
+    platform::ProfileFile file(stored.name);
+    std::vector<std::string> regions;
+    for (int r = 0; r < regionCount; ++r) regions.push_back(set_file::regionSection(r));
+    std::size_t read = file.lineCount();
+    for (auto _ : state) {
+        for (int n = 1; n <= state.range(0); ++n) {
+            const std::string key = std::to_string(n);
+            read += file.peek(set_file::itemsSection, key, "").size();
+            for (const std::string& region : regions) read += file.peek(region, key, "").size();
+        }
+    }
+    benchmark::DoNotOptimize(read);
+}
+
+BENCHMARK(Save)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(Load)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(ParseOnly)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(PeekEntryByEntry)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+}  // namespace

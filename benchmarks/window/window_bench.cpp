@@ -1,0 +1,169 @@
+// The editor in its real window: what opening, labelling and saving cost with large sets.
+//
+// Takes the folder of the pictures (at least as many as the largest set needs, named by picture()), writes
+// its sets beside it, and prints one line of JSON for each measurement.
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "editor/frmStich.h"
+#include "editor/set_io.h"
+#include "platform/application.h"
+#include "platform/win32/windows.h"
+#include "platform/win32/wide.h"
+#include "shell/mStichMain.h"
+#include "tests/support/initialise.h"
+#include "tests/support/user.h"
+
+#include <psapi.h>
+
+namespace {
+
+constexpr int small = 1000;
+constexpr int large = 100000;
+constexpr int classes = 10;
+constexpr int regions = 10;
+constexpr const char* root = "Software\\Veltor2 Benchmark";
+
+using Clock = std::chrono::steady_clock;
+
+double milliseconds(const std::function<void()>& action) {
+    const auto begin = Clock::now();
+    action();
+    return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
+}
+
+double percentile(std::vector<double> times, double share) {
+    std::sort(times.begin(), times.end());
+    return times[static_cast<std::size_t>(share * static_cast<double>(times.size() - 1) + 0.5)];
+}
+
+double report(const char* name, const std::vector<double>& times, const std::string& note = {}) {
+    const double median = percentile(times, 0.5);
+    std::printf("{\"name\": \"%s\", \"median_ms\": %.3f, \"p95_ms\": %.3f, \"note\": \"%s\"}\n", name, median,
+                percentile(times, 0.95), note.c_str());
+    std::fflush(stdout);
+    return median;
+}
+
+std::vector<double> repeated(int count, const std::function<void()>& action) {
+    std::vector<double> times;
+    for (int i = 0; i < count; ++i) times.push_back(milliseconds(action));
+    return times;
+}
+
+std::string ratio(double value, double floor) {
+    char text[64];
+    std::snprintf(text, sizeof text, "%.2f times", value / floor);
+    return text;
+}
+
+std::size_t workingSet() {
+    PROCESS_MEMORY_COUNTERS counters{};
+    ::GetProcessMemoryInfo(::GetCurrentProcess(), &counters, sizeof counters);
+    return counters.WorkingSetSize;
+}
+
+std::string picture(int number) {
+    char name[32];
+    std::snprintf(name, sizeof name, "p%06d.bmp", number);
+    return name;
+}
+
+/// A set of so many samples; with one picture only, showing the next item decodes nothing.
+std::string writeSetOf(const std::string& folder, int samples, bool onePicture) {
+    editor::OpenSet set;
+    std::vector<editor::RegionRect> rectangles;
+    for (int i = 1; i <= classes; ++i) set.addClass("Klasse" + std::to_string(i));
+    for (int i = 1; i < regions; ++i) {
+        set.addRegion("Bereich" + std::to_string(i));
+        rectangles.push_back({0, 0, 1, 1});
+    }
+    set.setDoubleSelection(onePicture);
+    for (int i = 1; i <= samples; ++i) {
+        set.addSample(folder + "\\pictures", picture(onePicture ? 1 : i));
+        for (int region = 0; region < regions; ++region) {
+            set.assign(i, region, static_cast<std::int16_t>((i + region) % classes));
+        }
+    }
+    const std::string file = folder + "\\TestSets\\" + (onePicture ? "click" : "open") + std::to_string(samples) + ".kvs";
+    platform::files::createDirectories(folder + "\\TestSets");
+    editor::writeSet(file, folder, set, rectangles);
+    return file;
+}
+
+class Editor {
+  public:
+    explicit Editor(const std::string& folder) : environment{folder, root}, window(environment) {
+        platform::files::createDirectories(folder + "\\Picture");
+        shell::start(window, environment, "");
+        user::pump();
+    }
+    ~Editor() { window.btnAbbr.onClick(); }
+
+    shell::Environment environment;
+    editor::frmStich window;
+};
+
+std::vector<double> measureClicks(const std::string& folder, int samples) {
+    const std::string file = writeSetOf(folder, samples, true);
+    Editor editor(folder);
+    editor.window.LoadFile(file);
+    editor.window.GoToItem(samples / 2);
+    user::pump();
+    auto& button = user::find<platform::Button>(editor.window.form, "Command1(3)");
+    return repeated(200, [&] {
+        user::press(button);
+        editor.window.form.update();
+    });
+}
+
+void measureOpening(const std::string& folder) {
+    for (const int samples : {large / 10, large}) {
+        const std::string file = writeSetOf(folder, samples, false);
+        const std::string suffix = std::to_string(samples);
+        const double floor = report(("read the bytes of a set file, " + suffix + " samples").c_str(),
+                                    repeated(9, [&] { platform::files::read(file); }));
+        report(("read a set file into tables, " + suffix + " samples").c_str(),
+               repeated(9, [&] { editor::readSet(file, folder); }));
+        const editor::OpenSet set = editor::readSet(file, folder).set;
+        report(("ask which pictures exist, " + suffix + " samples").c_str(),
+               repeated(5, [&] { editor::missingSamples(set); }));
+        Editor editor(folder);
+        const std::size_t before = workingSet();
+        std::vector<double> times{milliseconds([&] { editor.window.LoadFile(file); })};
+        const auto megabytes = static_cast<double>(workingSet() - before) / 1048576;
+        for (int i = 0; i < 6; ++i) times.push_back(milliseconds([&] { editor.window.LoadFile(file); }));
+        char note[96];
+        std::snprintf(note, sizeof note, "%.1f MB more; %.1f times the bytes read", megabytes,
+                      percentile(times, 0.5) / floor);
+        report(("LoadFile in the window, " + suffix + " samples").c_str(), times, note);
+        report(("write a set file from tables, " + suffix + " samples").c_str(), repeated(5, [&] {
+                   std::vector<editor::RegionRect> rectangles(regions - 1);
+                   editor::writeSet(folder + "\\TestSets\\written.kvs", folder, editor.window.set(), rectangles);
+               }));
+    }
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    if (count < 2) {
+        std::fprintf(stderr, "usage: window_bench FOLDER\n");
+        return 2;
+    }
+    support::initialise();
+    const std::string folder = platform::files::fullPath(arguments[1]);
+    platform::Registry(root).removeAll();
+
+    report("start to the window on the screen", repeated(5, [&] { Editor editor(folder); }));
+    const double few = report("class click, 1000 items", measureClicks(folder, small));
+    const auto many = measureClicks(folder, large);
+    report("class click, 100000 items", many, ratio(percentile(many, 0.5), few) + " the click at 1000");
+    measureOpening(folder);
+    platform::Registry(root).removeAll();
+    return 0;
+}

@@ -1,0 +1,211 @@
+#include "platform/document.h"
+
+#include <gmock/gmock.h>
+
+#include "platform/errors.h"
+#include "platform/files.h"
+#include "platform/text.h"
+#include "tests/unit/temporary_directory.h"
+
+namespace {
+
+using namespace platform;
+using namespace std::string_literals;
+using std::string;
+
+string valueIn(const string& bytes, std::string_view section, std::string_view key) {
+    const auto document = ProfileDocument::parse(bytes);
+    const auto* found = document.findSection(section);
+    return found == nullptr ? "no section" : string(found->find(key).value_or("no key"));
+}
+
+/// What comes back of a text under the key "k".
+string there(const string& value) {
+    ProfileWriter writer;
+    writer.section("s");
+    writer.set("k", value);
+    return writer.bytes();
+}
+
+TEST(ProfileDocument, ReadsLinesAsWindowsDoes) {
+    struct {
+        const char *bytes, *value;
+    } const cases[] = {
+        {"[s]\r\nk=v\r\n", "v"},
+        {"[s]\nk=v", "v"},
+        {"[S]\nK=v", "v"},
+        {"  [s]\n \tk \t=  v w \t\r\n", "v w"},
+        {"[s] behind\nk=v", "v"},
+        {"[s\nk=v", "no section"},
+        {"k=v\n[s]\nj=1", "no key"},
+        {"[s]\n;k=1\nk=2", "2"},
+        {"[s]\nk\nk=2", "2"},
+        {"[s]\nk=a=b;c [d]", "a=b;c [d]"},
+        {"[s]\nk=\" v \"", " v "},
+        {"[s]\nk='v'", "v"},
+        {"[s]\nk=\"v'", "\"v'"},
+        {"[s]\nk=\"", "\""},
+        {"[s]\nk=\"\"v\"\"", "\"v\""},
+        {"[s]\nk=", ""},
+        {"[s]\n=v\nk=w", "w"},
+        {"[s]\nk=1\nK=2", "1"},
+        {"[s]\nj=1\n[t]\nk=1\n[S]\nk=2", "no key"},
+        {"[s]\nk=v\x1A", "v"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(valueIn(c.bytes, "s", "k"), c.value) << c.bytes;
+}
+
+TEST(ProfileDocument, RecognisesItsEncoding) {
+    EXPECT_EQ(valueIn("[s]\nk=Gr\xF6\xDF"s + "e \x80", "s", "k"), "Größe €");
+    EXPECT_EQ(valueIn("[s]\nk=Größe", "s", "k"), "Größe");
+    EXPECT_EQ(valueIn("\xEF\xBB\xBF[s]\nk=Größe", "s", "k"), "Größe");
+    EXPECT_EQ(valueIn("\xFF\xFE[\0s\0]\0\n\0k\0=\0\x03\x26"s, "s", "k"), "☃");
+    EXPECT_EQ(valueIn("\xFE\xFF\0[\0s\0]\0\n\0k\0=\x26\x03"s, "s", "k"), "☃");
+}
+
+TEST(ProfileDocument, RefusesWhatIsNoText) {
+    for (const string& bytes :
+         {"[s]\nk=\0"s, "\0"s, "\xFF\xFE[\0s\0]"s, "\xFF\xFE\0\0"s, "\xEF\xBB\xBF\xFF"s, "[\0s\0]\0"s})
+        EXPECT_THROW(ProfileDocument::parse(bytes), RuntimeError) << testing::PrintToString(bytes);
+    const TemporaryDirectory directory;
+    try {
+        ProfileDocument::load(directory.put("a.kvs", "\0"s));
+        FAIL();
+    } catch (const RuntimeError& problem) {
+        EXPECT_THAT(problem.description(), testing::HasSubstr("a.kvs\" kann nicht gelesen werden: "));
+    }
+}
+
+/// Numbered keys take a short cut, which must find the same as a search.
+TEST(ProfileDocument, FindsEveryKeyInAnyArrangement) {
+    const std::vector<string> arrangements[] = {
+        {"Name", "X", "1", "2", "3", "4"},
+        {"1", "2", "3", "Name", "4", "5"},
+        {"3", "1", "2", "10", "11", "12", "9"},
+        {"0", "1", "007", "2", "-1", "+1", "4294967295", "99999999999"},
+        {"5", "4", "3", "2", "1", "0"},
+        {"1", "Ä", "ö", "b", "c", "d", "e", "f", "g", "h", "i",
+         "j", "k", "l", "m", "n", "o", "p", "q", "2", "3"},
+        {"2", "4", "6", "8", "10", "12", "14", "16", "18", "20", "22", "24", "26", "28", "30", "32", "34",
+         "36"},
+    };
+    for (const auto& keys : arrangements) {
+        string bytes = "[s]\n";
+        for (const string& key : keys) bytes += key + "=value " + key + "\n";
+        // The same keys again: the first count.
+        for (const string& key : keys) bytes += key + "=again\n";
+        const auto document = ProfileDocument::parse(bytes);
+        const auto& section = document.section(0);
+        ASSERT_EQ(section.size(), keys.size());
+        for (std::size_t i = 0; i < keys.size(); ++i) {
+            EXPECT_EQ(section.key(i), keys[i]);
+            EXPECT_EQ(section.find(keys[i]), "value " + keys[i]);
+            const auto number = text::parseInt32(keys[i]);
+            if (number && std::to_string(*number) == keys[i]) {
+                EXPECT_EQ(section.find(*number), "value " + keys[i]);
+            }
+        }
+        for (const char* absent : {"", "7x", "13", "01", "Nam", "1000000"})
+            EXPECT_EQ(section.find(absent), std::nullopt);
+    }
+    EXPECT_EQ(valueIn("[s]\n5=a\n1=1\n2=2\n3=3\n4=4\n5=b\n", "s", "5"), "a");
+}
+
+TEST(ProfileDocument, FindsSectionsInAnyOrder) {
+    const auto document = ProfileDocument::parse("[b]\nk=1\n[Ä]\nk=2\n[a]\n[B]\nk=3\n");
+    ASSERT_EQ(document.sectionCount(), 3U);
+    EXPECT_EQ(document.lineCount(), 7U);
+    for (const char* name : {"a", "b", "ä", "Ä", "b", "A"}) {
+        ASSERT_NE(document.findSection(name), nullptr) << name;
+        EXPECT_TRUE(text::equalNoCase(document.findSection(name)->name(), name));
+    }
+    EXPECT_EQ(document.findSection("c"), nullptr);
+}
+
+TEST(ProfileWriter, EveryTextComesBackEqual) {
+    for (const string& value : {""s,
+                                "plain"s,
+                                " "s,
+                                " a"s,
+                                "a "s,
+                                "\ta\t"s,
+                                "a\tb"s,
+                                "\"a\""s,
+                                "'a'"s,
+                                "\""s,
+                                "'"s,
+                                "\"\""s,
+                                "''"s,
+                                "\" "s,
+                                "a=b"s,
+                                "=a"s,
+                                "[s]"s,
+                                "]"s,
+                                ";a"s,
+                                "Größe €"s,
+                                "Ω Я"s,
+                                "🙂"s,
+                                "ÃŸ"s,
+                                "\xC2\x81"s,
+                                "\xED\xA0\xBD"s,
+                                "x\xED\xB8\x80 "s,
+                                "\xC2\xA0 nbsp\xC2\xA0"s,
+                                "\xEF\xBB\xBF"s,
+                                "\xC2\x85"s,
+                                "\xE2\x80\xA8"s,
+                                "100 %"s,
+                                R"(\\server\a b\)"s,
+                                string(5000, 'x')})
+        EXPECT_EQ(valueIn(there(value), "s", "k"), value) << testing::PrintToString(value);
+}
+
+TEST(ProfileWriter, ChoosesTheBytesThatWindowsUnderstands) {
+    EXPECT_EQ(there("Größe"),
+              "[s]\r\nk=Gr\xF6\xDF"
+              "e\r\n");
+    EXPECT_EQ(there(" a "), "[s]\r\nk=\" a \"\r\n");
+    EXPECT_THAT(there("Ω"), testing::StartsWith("\xFF\xFE[\0s\0]\0\r\0\n\0"s));
+    EXPECT_THAT(there("ÃŸ"),
+                testing::StartsWith("\xFF\xFE"));  // in Windows-1252 these bytes are a valid UTF-8 letter
+}
+
+TEST(ProfileWriter, RefusesWhatOneLineCannotHold) {
+    for (const string& value : {"a\nb"s, "a\r"s, "\n"s, "a\0b"s, "\x1A"s, "\x01"s, "a\xFF"s, "\xC3"s,
+                                "\xED\xA0\xBD\xED\xB8\x80"s}) {
+        ProfileWriter writer;
+        writer.section("Class1");
+        writer.set("Name", "gut");
+        const string before = writer.bytes();
+        try {
+            writer.set("Description", value);
+            FAIL() << testing::PrintToString(value);
+        } catch (const RuntimeError& problem) {
+            EXPECT_EQ(problem.number(), error::typeMismatch);
+            EXPECT_THAT(problem.description(), testing::HasSubstr("[Class1] unter \"Description\""));
+        }
+        EXPECT_EQ(writer.bytes(), before);
+    }
+}
+
+TEST(ProfileFile, WritesOnceAndReadsWhatIsThere) {
+    const TemporaryDirectory directory;
+    ProfileFile file(directory / "a.kvs");
+    EXPECT_THROW(file.read("s", "k", ""), RuntimeError);
+    file.write("s", "k", " v ");
+    file.write("s", 7, -3);
+    file.write("t", "k", "Ω");
+    EXPECT_FALSE(files::exists(directory / "a.kvs"));
+    file.flush();
+    EXPECT_EQ(file.read("s", "k", "absent"), " v ");
+    EXPECT_EQ(file.read("S", "7", "absent"), "-3");
+    EXPECT_EQ(file.read("t", "K", "absent"), "Ω");
+    EXPECT_EQ(file.read("t", "j", "absent"), "absent");
+    EXPECT_EQ(file.read("u", "k", "absent"), "absent");
+    EXPECT_EQ(file.lineCount(), 5U);
+    file.write("s", "k", "new");
+    file.flush();
+    EXPECT_EQ(file.read("s", "k", "absent"), "new");
+    EXPECT_EQ(file.read("t", "k", "absent"), "absent");
+}
+
+}  // namespace

@@ -1,0 +1,142 @@
+#include "platform/text.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <limits>
+
+#include "platform/errors.h"
+
+namespace {
+
+using namespace platform;
+using std::string;
+
+TEST(Text, Utf16ComesBackEqual) {
+    for (const std::u16string& units :
+         {std::u16string(u""), std::u16string(u"abc"), std::u16string(u"Störung Ω Я"),
+          std::u16string(u"🙂x"), std::u16string{0xD83D}, std::u16string{0xDE00, 0xD83D},
+          std::u16string{u'a', 0xD83D, u'b'}, std::u16string{0xD83D, 0xD83D, 0xDE00},
+          std::u16string{0xFFFF, 0xFEFF}})
+        EXPECT_EQ(text::toUtf16(text::fromUtf16(units)), units);
+}
+
+TEST(Text, BrokenUtf8BecomesReplacementCharacters) {
+    EXPECT_EQ(text::toUtf16("a\xFFz"), u"a\uFFFDz");
+    EXPECT_EQ(text::toUtf16("a\xC3"), u"a\uFFFD");
+    EXPECT_EQ(text::toUtf16("\xE2\x82z"), u"\uFFFD\uFFFDz");
+}
+
+TEST(Text, TellsUtf8) {
+    for (const char* good : {"", "abc", "ä", "€", "🙂", "longer than eight bytes",
+                             "longer than eight bytes ä", "\xEF\xBF\xBF", "\xF4\x8F\xBF\xBF"})
+        EXPECT_TRUE(text::isUtf8(good)) << good;
+    for (const char* bad :
+         {"\x80", "a\xC3", "\xC0\x80", "\xC1\xBF", "\xE0\x80\x80", "\xED\xA0\x80", "\xF0\x80\x80\x80",
+          "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xC3(", "12345678\xFC"})
+        EXPECT_FALSE(text::isUtf8(bad)) << bad;
+}
+
+TEST(Text, Windows1252HasEveryByte) {
+    string bytes;
+    for (int b = 1; b < 256; ++b) bytes += static_cast<char>(b);
+    EXPECT_EQ(text::toWindows1252(text::fromWindows1252(bytes)), bytes);
+    EXPECT_EQ(text::fromWindows1252("\x80\x84\xDF\xFC\x81"), "€„ßü\xC2\x81");
+    for (const char* foreign : {"Ω", "Я", "🙂", "\xC2\x80", "ş", "a\xFF"})
+        EXPECT_EQ(text::toWindows1252(foreign), std::nullopt) << foreign;
+}
+
+TEST(Text, CaseDoesNotCountInThreeScripts) {
+    const std::pair<const char*, const char*> equal[] = {{"Störung", "STÖRUNG"},
+                                                         {"ÀÉÎÕÜÿ", "àéîõüŸ"},
+                                                         {"ΣΊΣΥΦΟΣ", "σίσυφος"},
+                                                         {"ΆΈΉΊΌΎΏ", "άέήίόύώ"},
+                                                         {"ПРИВЕТ Ё", "привет ё"},
+                                                         {"ŠŽČŁ", "šžčł"},
+                                                         {"Ⱥ", "ⱥ"},
+                                                         {"Ǆ", "ǆ"},
+                                                         {"ẞ", "ẞ"},
+                                                         {"ＡＺ", "ａｚ"},
+                                                         {"aÄb", "AäB"},
+                                                         {"Ҁ", "ҁ"}};
+    for (const auto& [a, b] : equal) {
+        EXPECT_TRUE(text::equalNoCase(a, b)) << a << ' ' << b;
+        EXPECT_EQ(text::foldCase(a), text::foldCase(b));
+    }
+    const std::pair<const char*, const char*> different[] = {{"Riß", "RISS"},  {"ä", "a"}, {"÷", "×"},
+                                                             {"a", "aa"},      {"", "a"},  {"ı", "I"},
+                                                             {"\xFF", "\xFE"}, {"д", "т"}};
+    for (const auto& [a, b] : different) {
+        EXPECT_FALSE(text::equalNoCase(a, b)) << a << ' ' << b;
+        EXPECT_NE(text::foldCase(a), text::foldCase(b));
+    }
+}
+
+TEST(Text, FoldingTwiceChangesNothing) {
+    for (char16_t c = 1; c < 0xFFFF; ++c) {
+        const string once = text::foldCase(text::fromUtf16(std::u16string(1, c)));
+        ASSERT_EQ(text::foldCase(once), once) << std::hex << static_cast<int>(c);
+    }
+}
+
+TEST(Text, NaturalOrder) {
+    const std::vector<string> ordered = {
+        "",       "1.bmp",  "2.bmp",   "10.bmp",   "99999999999999999999.bmp",
+        "_a",     "Äpfel",  "Affe",    "bild1",    "Bild2",
+        "bild02", "bild10", "bild10a", "bild010b", "Öl",
+        "Omega",  "z",      "Ω"};
+    std::vector<string> sorted = ordered;
+    // Äpfel stands with the letter a, by its second letter.
+    std::swap(sorted[6], sorted[7]);
+    std::vector<string> expected = sorted;
+    std::reverse(sorted.begin(), sorted.end());
+    std::sort(sorted.begin(), sorted.end(),
+              [](const string& a, const string& b) { return text::compareNatural(a, b) < 0; });
+    EXPECT_EQ(sorted, expected);
+    EXPECT_EQ(text::compareNatural("BILD 7 Ä", "bild 7 ä"), 0);
+    EXPECT_LT(text::compareNatural("apfel", "äpfel"), 0);
+    EXPECT_LT(text::compareNatural("äpfel1", "apfel2"), 0);
+    EXPECT_LT(text::compareNatural("a1", "a01"), 0);
+    EXPECT_LT(text::compareNatural("a01b1", "a1b2"), 0);
+    EXPECT_LT(text::compareNatural("a19", "a109"), 0);
+}
+
+TEST(Text, NumbersAreWholeAndFit) {
+    const std::pair<const char*, std::int32_t> good[] = {
+        {"0", 0},
+        {"-1", -1},
+        {"+7", 7},
+        {" 12\t", 12},
+        {"007", 7},
+        {"2147483647", 2147483647},
+        {"-2147483648", std::numeric_limits<std::int32_t>::min()}};
+    for (const auto& [written, number] : good) EXPECT_EQ(text::parseInt32(written), number) << written;
+    for (const char* bad : {"", " ", "-", "+", "+-1", "-+1", "1.0", "1,5", "0x10", "1 2", "abc", "1a",
+                            "2147483648", "-2147483649", "99999999999999999999"})
+        EXPECT_EQ(text::parseInt32(bad), std::nullopt) << bad;
+}
+
+TEST(Text, ABadNumberSaysWhatAndWhy) {
+    const auto problem = [](const char* written) {
+        try {
+            text::toInt32(written, "Breite");
+        } catch (const RuntimeError& error) {
+            return std::pair(error.number(), error.description());
+        }
+        return std::pair(0, string());
+    };
+    EXPECT_EQ(problem("x"), std::pair(error::typeMismatch, string("Breite: \"x\" ist keine ganze Zahl.")));
+    EXPECT_EQ(problem("3000000000").first, error::overflow);
+    EXPECT_THAT(problem("3000000000").second, testing::StartsWith("Breite: "));
+}
+
+TEST(Text, HalvesGoToTheEvenNumber) {
+    const std::pair<double, std::int32_t> roundings[] = {{0.5, 0},  {1.5, 2},    {2.5, 2},
+                                                         {-0.5, 0}, {-1.5, -2},  {2.4999, 2},
+                                                         {2.51, 3}, {-2.51, -3}, {2147483647.4, 2147483647}};
+    for (const auto& [value, rounded] : roundings) EXPECT_EQ(text::roundHalfEven(value), rounded) << value;
+    for (const double bad : {2147483647.5, -2147483649.0, 1e300, std::numeric_limits<double>::quiet_NaN()})
+        EXPECT_THROW(text::roundHalfEven(bad), RuntimeError) << bad;
+}
+
+}  // namespace
