@@ -1,0 +1,208 @@
+#include "controls/buttonlist/kvButtonList.h"
+
+#include <gmock/gmock.h>
+
+#include "platform/errors.h"
+#include "platform/form.h"
+#include "platform/metrics.h"
+#include "tests/support/user.h"
+
+namespace {
+
+using namespace controls;
+using platform::Button;
+using platform::Rect;
+using platform::RuntimeError;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ButtonListTest : public testing::Test {
+  protected:
+    ButtonListTest() {
+        form.show();
+        list.move(Rect::at(10, 10, 150, 100));  // four slots: 96, 73, 50, 27
+        list.Click = [this](std::int16_t& index) { clicks.push_back(index); };
+    }
+
+    void fill(int count) {
+        std::vector<std::string> captions;
+        for (int i = 1; i <= count; ++i) captions.push_back(std::to_string(i));
+        list.SetAll(captions);
+    }
+    Button& slot(int index) { return user::find<Button>(form, "Command1(" + std::to_string(index) + ")"); }
+    /// What the visible buttons say, from the top.
+    std::vector<std::string> captions() {
+        std::vector<std::string> found;
+        try {
+            for (int i = 0;; ++i)
+                if (slot(i).visible()) found.push_back(slot(i).caption());
+        } catch (const std::logic_error&) {  // no further slot
+        }
+        return found;
+    }
+
+    platform::Form form{"frmButtons", "Klassen", {}};
+    kvButtonList list{form, "kvButtonList1"};
+    platform::ScrollBar& bar = user::find<platform::ScrollBar>(form, "VScroll1");
+    std::vector<int> clicks;
+};
+
+TEST_F(ButtonListTest, LaysOutAsManySlotsAsFit) {
+    fill(9);
+    EXPECT_THAT(captions(), ElementsAre("1", "2", "3", "4"));
+    const int barWidth = platform::metricsOf(list).vScrollWidth;
+    EXPECT_EQ(slot(0).bounds(), Rect::at(2, 2, 146 - barWidth, 23));
+    EXPECT_EQ(slot(3).bounds(), Rect::at(2, 2 + 3 * 23, 146 - barWidth, 23));
+    EXPECT_EQ(bar.bounds(), Rect::at(148 - barWidth, 2, barWidth, 96));
+    EXPECT_TRUE(bar.enabled());
+    EXPECT_EQ(bar.minimum(), 1);
+    EXPECT_EQ(bar.maximum(), 6);
+    list.ButtonHeight(24);
+    EXPECT_EQ(captions().size(), 4u) << "exactly";
+    list.ButtonHeight(25);
+    EXPECT_EQ(captions().size(), 3u);
+    list.ButtonHeight(97);
+    EXPECT_THAT(captions(), IsEmpty());
+    list.ButtonHeight(23);
+    list.move(Rect::at(10, 10, 150, 1));
+    EXPECT_THAT(captions(), IsEmpty());
+}
+
+TEST_F(ButtonListTest, HidesWhatIsLeftOver) {
+    fill(4);
+    EXPECT_FALSE(bar.enabled());
+    EXPECT_EQ(captions().size(), 4u);
+    fill(2);
+    EXPECT_THAT(captions(), ElementsAre("1", "2"));
+    list.Clear();
+    EXPECT_THAT(captions(), IsEmpty());
+}
+
+TEST_F(ButtonListTest, ReportsTheItemThatAButtonShows) {
+    fill(12);
+    user::press(slot(2));
+    user::scroll(bar, 5);
+    EXPECT_THAT(captions(), ElementsAre("5", "6", "7", "8"));
+    user::press(slot(2));
+    user::scroll(bar, 9);
+    user::press(slot(3));
+    EXPECT_THAT(clicks, ElementsAre(2, 6, 11));
+}
+
+TEST_F(ButtonListTest, NeverShowsOtherThanItsItems) {
+    fill(9);
+    user::scroll(bar, 6);
+    list.Remove(8);
+    EXPECT_THAT(captions(), ElementsAre("5", "6", "7", "8")) << "one less to scroll";
+    list.Remove(0);
+    EXPECT_THAT(captions(), ElementsAre("5", "6", "7", "8"));
+    list.move(Rect::at(10, 10, 150, 4 + 6 * 23));
+    EXPECT_THAT(captions(), ElementsAre("3", "4", "5", "6", "7", "8"));
+    list.move(Rect::at(10, 10, 150, 4 + 20 * 23));
+    EXPECT_THAT(captions(), ElementsAre("2", "3", "4", "5", "6", "7", "8"))
+        << "fewer than slots: from the first";
+    EXPECT_EQ(bar.value(), 1);
+    list.move(Rect::at(10, 10, 150, 100));
+    user::scroll(bar, 4);
+    fill(3);
+    EXPECT_THAT(captions(), ElementsAre("1", "2", "3"));
+    user::press(slot(2));
+    EXPECT_THAT(clicks, ElementsAre(2));
+}
+
+TEST_F(ButtonListTest, RaisesNothingForAButtonWithoutItem) {
+    fill(3);
+    list.ButtonHeight(0);  // the buttons stay as they are
+    list.Clear();
+    user::press(slot(1));
+    EXPECT_THAT(clicks, IsEmpty());
+}
+
+TEST_F(ButtonListTest, KeepsThreeTextsOfAnItem) {
+    list.Add("&gut", "zweiter", "dritter");
+    list.Add("b", "", "");
+    EXPECT_THAT(captions(), ElementsAre("&gut", "b"));
+    list.Rename(0, "A && B");
+    EXPECT_EQ(list.item(0), (kvButtonList::Item{"A && B", "zweiter", "dritter"}));
+    EXPECT_EQ(slot(0).caption(), "A && B");
+    list.Rename(0, "c", "", "neu");
+    EXPECT_EQ(list.item(0), (kvButtonList::Item{"c", "", "neu"}));
+    for (const std::int16_t index : {std::int16_t{-1}, std::int16_t{2}}) {
+        EXPECT_THROW(list.Rename(index, "x"), RuntimeError) << index;
+        EXPECT_THROW(list.Remove(index), RuntimeError) << index;
+    }
+    EXPECT_EQ(list.count(), 2);
+}
+
+TEST_F(ButtonListTest, HoldsAsManyItemsAsAnIndexCanCount) {
+    fill(32767);
+    EXPECT_THROW(list.Add("zu viel", "", ""), RuntimeError);
+    user::scroll(bar, 32764);
+    user::press(slot(3));
+    EXPECT_THAT(clicks, ElementsAre(32766));
+}
+
+TEST_F(ButtonListTest, TurnsWithTheWheel) {
+    fill(9);
+    user::wheel(list, -120, 0, {5, 5});
+    EXPECT_EQ(bar.value(), 2);
+    for (int i = 0; i < 4; ++i) user::wheel(list, -30, 0, {5, 5});  // fine wheels turn in parts of a notch
+    EXPECT_EQ(bar.value(), 3);
+}
+
+TEST_F(ButtonListTest, GivesItsPropertiesToTheButtonsAndKeepsItsOwn) {
+    std::vector<std::string> changed;
+    list.onPropertyChanged = [&](std::string_view key) { changed.emplace_back(key); };
+    fill(2);
+    const platform::Font font{"Arial", 120, true, false};
+    list.BackColor(0x0000FF);
+    list.Enabled(false);
+    list.Font(font);
+    list.ButtonHeight(30);
+    EXPECT_THAT(changed, ElementsAre("BackColor", "Enabled", "Font", "ButtonHeight"));
+    EXPECT_EQ(list.BackColor(), 0x8000000Fu);
+    EXPECT_TRUE(list.Enabled());
+    EXPECT_EQ(list.Font(), font);
+    list.move(Rect::at(10, 10, 150, 4 + 8 * 30));
+    fill(8);
+    for (const int i : {0, 1, 7}) {  // those made later are like the others
+        EXPECT_EQ(slot(i).backColour(), 0x0000FFu) << i;
+        EXPECT_FALSE(slot(i).enabled()) << i;
+        EXPECT_EQ(slot(i).font(), font) << i;
+    }
+}
+
+TEST_F(ButtonListTest, KeepsItsPropertiesInABag) {
+    list.BackColor(0x0000FF);  // not its own colour: not kept
+    list.Font({"Arial", 120, true, false});
+    list.ButtonHeight(30);
+    PropertyBag bag;
+    list.WriteProperties(bag);
+    std::vector<std::string> keys;
+    for (const auto& [key, value] : bag.entries()) keys.push_back(key);
+    EXPECT_THAT(keys, ElementsAre("BackColor", "Enabled", "Font", "ButtonHeight"));
+    EXPECT_EQ(bag.read("BackColor", std::int32_t{0}), static_cast<std::int32_t>(0x8000000F));
+
+    fill(4);
+    bag.write("BackColor", std::int32_t{0x00FF00});
+    bag.write("Enabled", false);
+    bag.write("ButtonHeight", std::int32_t{46});
+    list.ReadProperties(bag);
+    EXPECT_EQ(list.BackColor(), 0x00FF00u);
+    EXPECT_FALSE(list.Enabled());
+    EXPECT_EQ(slot(0).backColour(), 0x0000FFu) << "the buttons keep theirs";
+    EXPECT_TRUE(slot(0).enabled());
+    EXPECT_EQ(slot(0).bounds().height(), 30) << "not laid out yet";
+    list.Refresh();
+    EXPECT_EQ(slot(0).bounds().height(), 46);
+
+    list.ReadProperties(PropertyBag());
+    EXPECT_EQ(list.BackColor(), 0x8000000Fu);
+    EXPECT_TRUE(list.Enabled());
+    EXPECT_EQ(list.ButtonHeight(), 23);
+    EXPECT_EQ(list.Font(), list.font());
+    bag.write("ButtonHeight", std::int32_t{70000});
+    EXPECT_THROW(list.ReadProperties(bag), RuntimeError);
+}
+
+}  // namespace
