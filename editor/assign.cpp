@@ -1,0 +1,99 @@
+// Labelling: showing an item, giving it a class with one click, and the lines that tell what is shown.
+#include "editor/frmStich.h"
+#include "editor/mListView.h"
+#include "model/set_file_names.h"
+#include "platform/application.h"
+#include "platform/path.h"
+#include "platform/text.h"
+
+namespace editor {
+
+void frmStich::kvButtonList1_Click(std::int16_t classIndex) {
+    // A press made while the next picture is still on its way means the one before: it labels nothing.
+    if (showingItem_) return;
+    const int row = mListView::GetSelectedIndex(lvCItems);
+    if (row == 0) return;
+    set_.assign(row, cboROI.listIndex(), classIndex);
+    lvCItems.redraw(row);
+    if (row == set_.sampleCount()) {
+        GoToItem(1);
+        platform::application::beep();
+    } else {
+        GoToItem(row + 1);
+    }
+}
+
+void frmStich::GoToItem(int row) {
+    lvCItems.selectOnly(row);
+    lvCItems_ItemClick(row);
+}
+
+void frmStich::lvCItems_ItemClick(int row) {
+    showingItem_ = true;
+    platform::application::doEvents();
+    // Those events may have chosen another item or removed this one; then that choice counts.
+    if (mListView::GetSelectedIndex(lvCItems) == row && row <= set_.sampleCount()) {
+        const platform::application::WaitCursor wait;
+        showPicture(ItemPath(row));
+        ListView2.selectOnly(row);
+        ShowInfoLine();
+    }
+    showingItem_ = false;
+}
+
+void frmStich::ListView2_ItemClick(int row) {
+    if ((sourceShift_ & platform::shiftKey::shift) != 0) return;
+    const platform::application::WaitCursor wait;
+    // The picture on the screen is the one that a class button labels.
+    lvCItems.selectOnly(row);
+    showPicture(ItemPath(row));
+    ShowInfoLine();
+}
+
+namespace {
+
+/// The picture control tells kinds by their lower-case endings; to Windows "A.JPG" is the same file.
+std::string withPlainEnding(const std::string& file) {
+    const std::string ending = platform::path::extension(file);
+    const std::string folded = platform::text::foldCase(ending);
+    if (folded != ".bmp" && folded != ".jpg") return file;
+    return file.substr(0, file.size() - ending.size()) + folded;
+}
+
+}  // namespace
+
+void frmStich::showPicture(const std::string& file) {
+    lblHint.setCaption("");
+    kvPictureBox1.LoadPic(withPlainEnding(file));
+}
+
+void frmStich::NumberItems() {
+    ListView2.setCount(set_.sampleCount());
+    lvCItems.setCount(set_.sampleCount());
+}
+
+void frmStich::SetItemCount(int count) {
+    txtPicCount.setText(std::to_string(count) + " Elemente");
+    EnableToolbar1(count >= 1);
+}
+
+void frmStich::SetPicSize(int width, int height, int, int bitsPerPixel) {
+    if (width + height == 0) {
+        txtSize.setText("");
+        return;
+    }
+    txtSize.setText(std::to_string(width) + " x " + std::to_string(height) + " Pixel, " +
+                    std::to_string(bitsPerPixel) + " Bit Farbtiefe");
+}
+
+int frmStich::ShowInfoLine() {
+    const int region = kvPictureBox1.GetSelectedROI();
+    const int row = mListView::GetSelectedIndex(lvCItems);
+    const std::string name =
+        region == -1 ? std::string(model::set_file::wholePicture) : set_.regionRow(region + 1).name;
+    const std::string file = row == 0 ? platform::path::fileName(kvPictureBox1.FileName()) : set_.sampleName(row);
+    txtInfo.setText("Bereich: " + name + "   Datei: " + file);
+    return 0;
+}
+
+}  // namespace editor

@@ -1,0 +1,79 @@
+// The player bar: stepping through the pictures and letting them run.
+#include "editor/frmStich.h"
+#include "editor/mListView.h"
+#include "platform/application.h"
+#include "platform/dialogs.h"
+#include "platform/text.h"
+
+namespace editor {
+
+namespace {
+
+// The toolbar's sixth and seventh buttons.
+constexpr int startButton = 6;
+constexpr int stopButton = 7;
+
+}  // namespace
+
+void frmStich::EnableToolbar1(bool enable) {
+    if (!enable) Timer2.setEnabled(false);
+    const bool running = Timer2.enabled();
+    for (int i = 1; i <= Toolbar1.count(); ++i) {
+        bool on = enable;
+        if (Toolbar1.button(i).key == "btnSaveROI") on = kvPictureBox1.ROI() != 0;
+        if (Toolbar1.button(i).key == "btnSave") on = enable && canCutOut_;
+        if (i == startButton) on = enable && !running;
+        if (i == stopButton) on = enable && running;
+        Toolbar1.setEnabled(i, on);
+    }
+}
+
+void frmStich::Toolbar1_ButtonClick(const std::string& key) {
+    const int count = lvCItems.count();
+    if (count == 0) return;
+    const int row = mListView::GetSelectedIndex(lvCItems);
+    const auto is = [&](const char* name) { return platform::text::equalNoCase(key, name); };
+    if (is("btnFR")) GoToItem(1);
+    if (is("btnR")) GoToItem(row <= 1 ? count : row - 1);
+    if (is("btnF")) GoToItem(row == count ? 1 : row + 1);
+    if (is("btnFF")) GoToItem(count);
+    if (is("btnLoop")) runShow(true);
+    if (is("btnStop")) runShow(false);
+    if (is("btnPath")) chooseCutOutDirectory();
+}
+
+void frmStich::chooseCutOutDirectory() {
+    const std::string chosen = platform::chooseFolder(&form, "Zielverzeichnis", PathROI_);
+    if (!chosen.empty()) PathROI_ = chosen;
+}
+
+void frmStich::runShow(bool run) {
+    if (run) Timer2_Tick();
+    Timer2.setEnabled(run);
+    EnableToolbar1(true);
+}
+
+void frmStich::Timer2_Tick() {
+    const int count = lvCItems.count();
+    if (count == 0) return;
+    const int row = mListView::GetSelectedIndex(lvCItems);
+    // A picture that takes longer than the interval must not let ticks pile up.
+    const bool running = Timer2.enabled();
+    Timer2.setEnabled(false);
+    GoToItem(row == count ? 1 : row + 1);
+    Timer2.setEnabled(running);
+}
+
+void frmStich::Slider1_Change() {
+    Timer2.setInterval(Slider1.value());
+    txtTime.setCaption(" " + platform::formatNumber(Slider1.value() / 1000.0, 1) + "s");
+}
+
+void frmStich::Toolbar1_MenuClick(const platform::Toolbar::MenuEntry& entry) {
+    const int save = Toolbar1.indexOf("btnSave");
+    Toolbar1.setTag(save, entry.key);
+    Toolbar1.setImage(save, entry.key);
+    Toolbar1.setToolTip(save, entry.text);
+}
+
+}  // namespace editor

@@ -1,0 +1,46 @@
+// How the window is left.
+#include "editor/frmStich.h"
+#include "platform/application.h"
+#include "platform/dialogs.h"
+#include "platform/errors.h"
+
+namespace editor {
+
+namespace message = platform::message;
+
+bool frmStich::Form_QueryUnload() {
+    if (set_.sampleCount() == 0 || set_.unchanged()) return true;
+    const int answer = say("Änderungen speichern?", message::yesNoCancel | message::question);
+    if (answer == message::yes) return SaveSetAs(cboSets.text());
+    return answer == message::no;
+}
+
+void frmStich::Form_Unload() {
+    Timer1.setEnabled(false);
+    Timer2.setEnabled(false);
+    WriteProp();
+    frmError_.reset();
+}
+
+void frmStich::btnOK_Click() { form.unload(); }
+
+void frmStich::btnAbbr_Click() {
+    Timer1.setEnabled(false);
+    Timer2.setEnabled(false);
+    set_.setUnchanged(true);
+    frmError_.reset();
+    platform::application::doEvents();
+    form.unload();
+}
+
+void frmStich::btnGrab_Click() {
+    const std::string tool = shell::programFile(environment_, shell::acquisitionTool);
+    try {
+        platform::application::start(tool);
+    } catch (const platform::RuntimeError& failure) {
+        say("\"" + std::string(shell::acquisitionTool) + "\" kann nicht gestartet werden.\r\n" + failure.description(),
+            message::exclamation);
+    }
+}
+
+}  // namespace editor

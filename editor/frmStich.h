@@ -1,0 +1,263 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "controls/buttonlist/kvButtonList.h"
+#include "controls/picturebox/kvPictureBox.h"
+#include "editor/file_list_box.h"
+#include "editor/open_set.h"
+#include "platform/basic_controls.h"
+#include "platform/form.h"
+#include "platform/list_view.h"
+#include "platform/registry.h"
+#include "platform/splitter_bar.h"
+#include "platform/timer.h"
+#include "platform/toolbar.h"
+#include "shell/editor_window.h"
+#include "shell/environment.h"
+#include "shell/frmError.h"
+#include "shell/settings.h"
+
+namespace editor {
+
+/// The editor's window. Each task of the user has a source file of its own: opening, switching and saving
+/// sets (sets.cpp, load_set.cpp, close.cpp), making one from files (create_set.cpp), its classes
+/// (classes.cpp) and regions (regions.cpp), labelling (assign.cpp) and browsing (browse.cpp).
+///
+/// The set itself is one OpenSet. `lvCItems` and `ListView2` show the same rows of it, so they cannot get
+/// out of step; the region rectangles are the picture control's. Rows count from 1 everywhere here.
+class frmStich : public shell::EditorWindow {
+  public:
+    explicit frmStich(const shell::Environment& environment);
+    ~frmStich() override;
+
+    // Start-up and closing ------------------------------------------------------------------------------
+    platform::Form& window() override { return form; }
+    platform::Toolbar& pictureToolbar() override { return Toolbar1; }
+    void toolbarReady() override;
+    void ReadProp() override;
+    void WriteProp();
+    void offerWholePicture() override;
+    void enableGrab(bool available) override { btnGrab.setEnabled(available); }
+    void useDirectories(const shell::Directories& directories) override;
+    void browse(const std::string& directory) override { Datei1.setPath(directory); }
+    void TabStrip1_Click() override;
+
+    // Sets ----------------------------------------------------------------------------------------------
+    /// Lists the sets directory; with `fill` every name also goes into the chooser.
+    void SearchSets(bool fill) override;
+    void cboSets_Change() override;
+    void clearSetName() override;
+    /// Opens a set file, takes what was open before out of the window, and answers how the missing-files
+    /// dialog was left (0 when nothing was missing), or 3 when the set was not opened; what was open then
+    /// still is.
+    std::int16_t LoadFile(const std::string& path) override;
+    std::int16_t CheckItems();
+    /// Saves the set under a name, after all questions; true when it was written.
+    bool SaveSetAs(const std::string& name);
+    static std::string CheckPath(const std::string& path);
+    static bool FileExists(const std::string& file);
+
+    // Classes -------------------------------------------------------------------------------------------
+    void btnCNew_Click() override;
+    void btnCDel_Click();
+    void btnCRename_Click();
+    void btnCStd_Click();
+    void SetStdClass(bool assignAll) override;
+
+    // Regions -------------------------------------------------------------------------------------------
+    void btnROIDel_Click();
+    void btnROIRename_Click();
+    void cboROI_Click();
+
+    // Samples -------------------------------------------------------------------------------------------
+    void btn_Click();
+    void btn_A_Click();
+    void btnR_Click();
+    void btnRA_Click();
+    void chkDouble_Click();
+
+    // Labelling and browsing ----------------------------------------------------------------------------
+    void kvButtonList1_Click(std::int16_t classIndex);
+    void lvCItems_ItemClick(int row);
+    void ListView2_ItemClick(int row);
+    void GoToItem(int row);
+    /// The full path of a row of `ListView2`.
+    std::string ItemPath(int row) const { return set_.samplePath(row); }
+    /// The row of `ListView2` with this path, -1 when there is none or duplicates are allowed.
+    int FindItemByPath(const std::string& path) const;
+    void NumberItems();
+    void SetItemCount(int count);
+    void SetPicSize(int width, int height, int planes, int bitsPerPixel);
+    int ShowInfoLine();
+    void EnableToolbar1(bool enable);
+    void Slider1_Change() override;
+    void Timer2_Tick();
+
+    /// Class of a sample in a region of the chooser, both as the lists count them; the class from 0.
+    std::int16_t ItemClasses(int row, int region) const { return set_.classOf(row, region); }
+    const OpenSet& set() const { return set_; }
+    bool unchanged() const { return set_.unchanged(); }
+
+    // Controls, in the order of the Tab key --------------------------------------------------------------
+    platform::Form form;
+    platform::Label lblSets;
+    platform::ComboBox cboSets;
+    platform::Button btnSave, btnGrab, btnOK, btnAbbr;
+    platform::TabStrip TabStrip1;
+
+    platform::Panel fraFiles;
+    platform::Label lblPath;
+    platform::TextBox txtPath;
+    platform::Button btnPath;
+    platform::ListView ListView1;
+    platform::Button btn, btn_A, btnR, btnRA;
+    platform::ListView ListView2;
+    platform::CheckBox chkDouble;
+    platform::TextBox txtPicCount;
+
+    platform::Panel fraClasses;
+    platform::ListView lvCClasses;
+    platform::Button btnCNew, btnCDel, btnCRename, btnCStd;
+    platform::Label lblCDescription;
+    platform::TextBox txtCDescription;
+    platform::Label lblStdClass;
+    platform::ComboBox cboStdClass;
+
+    platform::Panel fraROIs;
+    platform::ListView lvROIs;
+    platform::Button btnROIDel, btnROIRename;
+    platform::Label lblROIDescription;
+    platform::TextBox txtROIDescription;
+    platform::Label lblROICaption, lblX;
+    platform::TextBox txtX;
+    platform::Label lblY;
+    platform::TextBox txtY;
+    platform::Label lblDX;
+    platform::TextBox txtDX;
+    platform::Label lblDY;
+    platform::TextBox txtDY;
+
+    platform::SplitterBar kvBar3;
+    platform::Label lblROI;
+    platform::ComboBox cboROI;
+    platform::ListView lvCItems;
+
+    platform::SplitterBar kvBar2;
+    platform::Toolbar Toolbar1;
+    platform::Label txtTime;
+    platform::Slider Slider1;
+    controls::kvPictureBox kvPictureBox1;
+    controls::kvButtonList kvButtonList1;
+    platform::TextBox txtInfo, txtSize;
+    platform::Label lblHint;
+
+    FileListBox Datei1;
+    platform::Timer Timer1, Timer2;
+    platform::Subclassing kvSubClassing1;
+
+  private:
+    void connect();
+    void connectLists();
+    void connectSourceList();
+    void connectSampleLists();
+    void watchShift(platform::ListView& list, const std::function<void(int row)>& itemClick);
+    std::string classText(int row) const;
+    void connectPicture();
+    void Form_Initialize();
+    void Form_Resize();
+    bool Form_QueryUnload();
+    void Form_Unload();
+    void Timer1_Tick();
+    void layOut();
+    void layOutTopRow(int left, int right);
+    void layOutLeft(platform::Rect area);
+    void layOutFiles(int width, int height);
+    void layOutClasses(int width, int height);
+    void layOutROIs(int width, int height);
+    void layOutRight(platform::Rect area);
+    int classButtonsWidth(int available) const;
+    void makeIcons();
+    void sizeLimits(std::intptr_t window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t& lParam,
+                    std::int16_t& handled);
+    shell::EditorSettings settings() const;
+
+    void cboSets_Click();
+    void btnSave_Click();
+    void btnGrab_Click();
+    void btnOK_Click();
+    void btnAbbr_Click();
+    int say(const std::string& text, int codes);
+    bool checkTarget(const std::string& name);
+    void chooseSet(int index);
+    std::string setFile(const std::string& name) const;
+    void offerSaved(const std::string& name);
+    void widenSetList();
+
+    void takeOver(OpenSet set, const std::vector<RegionRect>& rectangles);
+    std::vector<RegionRect> rectangles() const;
+    void showFirstItem();
+    void removeMissing();
+    void listMissing();
+
+    void showClasses();
+    void describeClass();
+    void lvCClasses_ItemClick(int row);
+    bool lvCClasses_AfterLabelEdit(int row, const std::string& text);
+    void lvCClasses_KeyDown(int key);
+    void cboStdClass_Click();
+    void showStandardClass();
+    void enableClassButtons();
+    bool refuseName();
+
+    void showRegions();
+    void showRegion(int row);
+    bool lvROIs_AfterLabelEdit(int row, const std::string& text);
+    void lvROIs_KeyDown(int key);
+    void describeRegion();
+    void showGeometry(std::int32_t X, std::int32_t Y, std::int32_t dX, std::int32_t dY);
+    void kvPictureBox1_ROIselect(std::int32_t index, std::int32_t X, std::int32_t Y, std::int32_t dX, std::int32_t dY);
+
+    void Datei1_PathChange();
+    void btnPath_Click();
+    void showSourceFiles();
+    void ListView1_ItemClick(int row);
+    void ListView1_ColumnClick(int column);
+    void addSamples(const std::vector<int>& sourceRows);
+    void samplesChanged();
+
+    void showPicture(const std::string& path);
+    void Toolbar1_ButtonClick(const std::string& key);
+    void Toolbar1_MenuClick(const platform::Toolbar::MenuEntry& entry);
+    void runShow(bool run);
+    void chooseCutOutDirectory();
+
+    const shell::Environment& environment_;
+    platform::Registry registry_;
+    OpenSet set_;
+    std::unique_ptr<shell::frmError> frmError_;
+
+    std::string dataDirectory_;   // base of the stored picture paths
+    std::string setsDirectory_;   // with a backslash at its end
+    std::vector<std::string> setNames_;
+    std::string setName_;         // as last committed
+    int setIndex_ = -1;
+    bool suppressChooser_ = false;
+
+    std::string PathROI_;      // where cut-outs go
+    bool canCutOut_ = false;   // the script that cuts regions out is there
+    int selectedClass_ = 0;    // row of lvCClasses whose description is shown
+    int selectedRegion_ = 0;   // row of lvROIs, 0 for the whole picture
+    std::vector<platform::files::Entry> sourceFiles_;   // rows of ListView1, as they are sorted now
+    int sourceShift_ = 0;      // Shift argument of the last mouse-down while the button is held
+    bool sortDescending_ = false;
+    bool showingItem_ = false;   // while a picture is on its way to the screen
+    int layoutTicks_ = 0;
+    int iconSize_ = 0;   // pixels, of the icons that are in use
+};
+
+}  // namespace editor

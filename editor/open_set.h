@@ -1,0 +1,113 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace editor {
+
+/// A region's rectangle: left, top, width and height in picture pixels.
+struct RegionRect {
+    std::int32_t X = 0, Y = 0, dX = 0, dY = 0;
+};
+
+/// The set that is open: one table of samples, one of classes, one of regions, and whether there is
+/// anything to save. Rows count from 1 as in the lists that show them; classes in the assignments count
+/// from 0, regions as in the region chooser (0 is the whole picture, k is row k of the region table).
+///
+/// Every change goes through a named operation here, which clears the unchanged flag, so that no edit can
+/// forget it. The region rectangles are the picture control's.
+class OpenSet {
+  public:
+    struct Class {
+        std::string name;
+        std::string description;
+    };
+    struct Region {
+        std::string name;
+        std::string description;
+    };
+
+    bool unchanged() const { return unchanged_; }
+    void setUnchanged(bool unchanged) { unchanged_ = unchanged; }
+
+    // Samples -------------------------------------------------------------------------------------------
+    int sampleCount() const { return static_cast<int>(names_.size()); }
+    const std::string& sampleName(int row) const { return names_[at(row)]; }
+    const std::string& sampleDirectory(int row) const { return directories_[directoryOf_[at(row)]]; }
+    /// Directory and name with one separator between them.
+    std::string samplePath(int row) const;
+    std::int16_t classOf(int row, int region) const { return classOf_[static_cast<std::size_t>(region)][at(row)]; }
+
+    void reserveSamples(std::size_t count);
+    /// Appends one; in every region it gets the standard class. Returns its row.
+    int addSample(std::string_view directory, std::string_view name);
+    /// `rows` ascending, without repetition.
+    void removeSamples(const std::vector<int>& rows);
+    void removeAllSamples();
+    /// Removes every sample whose path equals that of an earlier one (case does not count); returns how many.
+    int removeDuplicates();
+    void movedTo(int row, std::string_view directory);
+    void assign(int row, int region, std::int16_t classIndex);
+    void assignAll(int region, std::int16_t classIndex);
+    /// The first row with this path (case does not count), -1 when there is none. Looks it up in an index.
+    int findSample(std::string_view path) const;
+
+    // Classes -------------------------------------------------------------------------------------------
+    int classCount() const { return static_cast<int>(classes_.size()); }
+    const Class& classRow(int row) const { return classes_[at(row)]; }
+    /// The row whose name is equal (case does not count), 0 when there is none.
+    int findClass(std::string_view name) const;
+    /// Counts from 0.
+    int standardClass() const { return standardClass_; }
+
+    void addClass(std::string_view name, std::string_view description = {});
+    void renameClass(int row, std::string_view name);
+    void describeClass(int row, std::string_view description);
+    /// Samples of this class get the standard class, which is `standardAfterwards` (counted from 0 among
+    /// the classes that remain); the numbers of the later classes close up.
+    void removeClass(int row, int standardAfterwards);
+    void setStandardClass(int classIndex);
+
+    // Regions -------------------------------------------------------------------------------------------
+    int regionCount() const { return static_cast<int>(regions_.size()); }
+    const Region& regionRow(int row) const { return regions_[at(row)]; }
+    int findRegion(std::string_view name) const;
+
+    /// Every sample gets the first class in it.
+    void addRegion(std::string_view name, std::string_view description = {});
+    void renameRegion(int row, std::string_view name);
+    void describeRegion(int row, std::string_view description);
+    void removeRegion(int row);
+    void regionMoved() { unchanged_ = false; }
+
+    // Options -------------------------------------------------------------------------------------------
+    bool doubleSelection() const { return doubleSelection_; }
+    void setDoubleSelection(bool on);
+
+  private:
+    static std::size_t at(int row) { return static_cast<std::size_t>(row - 1); }
+    std::uint32_t directoryNumber(std::string_view directory);
+    void forgetIndex() const;
+    void indexSample(int row) const;
+
+    bool unchanged_ = true;
+    bool doubleSelection_ = false;
+    int standardClass_ = 0;
+    std::vector<Class> classes_;
+    std::vector<Region> regions_;
+
+    std::vector<std::string> names_;
+    std::vector<std::uint32_t> directoryOf_;
+    std::vector<std::string> directories_;                            // each spelling once
+    std::unordered_map<std::string, std::uint32_t> directoryNumbers_;
+    std::vector<std::vector<std::int16_t>> classOf_{1};               // a column per region chooser entry
+
+    // Hash of the folded path to rows; made by the first look-up, kept up to date by additions and dropped
+    // by what renumbers rows.
+    mutable std::unordered_multimap<std::size_t, int> index_;
+    mutable int indexed_ = 0;
+};
+
+}  // namespace editor

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "editor/open_set.h"
+
+namespace editor {
+
+/// A set as it was read: the tables, the rectangles of its regions (region row k at k - 1), and what had to
+/// be put right.
+struct LoadedSet {
+    OpenSet set;
+    std::vector<RegionRect> rectangles;
+    int strayAssignments = 0;   ///< that named a class outside the set and got the standard class
+};
+
+/// Reads a set file; relative picture paths are joined to `appPath`. RuntimeError, in German and saying
+/// where, when the file cannot be read or understood; nothing half read comes out of it.
+LoadedSet readSet(const std::string& fileName, const std::string& appPath);
+
+/// Writes the set file in one step; pictures below `appPath` are stored relative to it. RuntimeError when
+/// it could not be written or a text has no place in it; an older file is then still there, whole.
+void writeSet(const std::string& fileName, const std::string& appPath, const OpenSet& set,
+              const std::vector<RegionRect>& rectangles);
+
+/// Rows of the samples whose files do not exist, ascending. Every directory is listed once.
+std::vector<int> missingSamples(const OpenSet& set);
+
+}  // namespace editor

@@ -1,0 +1,157 @@
+// The sets directory, the chooser of sets, and saving under a name.
+#include <algorithm>
+
+#include "editor/frmStich.h"
+#include "editor/set_io.h"
+#include "platform/application.h"
+#include "platform/dialogs.h"
+#include "platform/errors.h"
+#include "platform/files.h"
+#include "platform/metrics.h"
+#include "platform/path.h"
+#include "platform/text.h"
+
+namespace editor {
+
+namespace {
+
+namespace files = platform::files;
+namespace message = platform::message;
+namespace path = platform::path;
+namespace text = platform::text;
+
+}  // namespace
+
+std::string frmStich::CheckPath(const std::string& directory) { return path::withBackslash(directory); }
+
+bool frmStich::FileExists(const std::string& file) { return files::fileExists(file); }
+
+std::string frmStich::setFile(const std::string& name) const { return setsDirectory_ + name + shell::setExtension; }
+
+void frmStich::SearchSets(bool fill) {
+    setNames_.clear();
+    for (const auto& entry : files::list(setsDirectory_)) {
+        const bool isSet = !entry.isDirectory && text::equalNoCase(path::extension(entry.name), shell::setExtension);
+        if (isSet) setNames_.push_back(path::stem(entry.name));
+    }
+    std::sort(setNames_.begin(), setNames_.end(),
+              [](const auto& a, const auto& b) { return text::compareNatural(a, b) < 0; });
+    if (!fill) return;
+    cboSets.add(setNames_);
+    widenSetList();
+}
+
+void frmStich::widenSetList() {
+    int widest = 0;
+    for (const auto& name : setNames_) widest = std::max(widest, platform::textWidth(cboSets, name));
+    cboSets.setDropDownWidth(widest + platform::metricsOf(form).vScrollWidth);
+}
+
+void frmStich::cboSets_Change() {
+    setName_ = cboSets.text();
+    setIndex_ = cboSets.listIndex();
+}
+
+void frmStich::clearSetName() { cboSets.setText(""); }
+
+void frmStich::chooseSet(int index) {
+    suppressChooser_ = true;
+    cboSets.setListIndex(index);
+    if (index < 0) cboSets.setText(setName_);
+    suppressChooser_ = false;
+}
+
+void frmStich::cboSets_Click() {
+    if (suppressChooser_) return;
+    const platform::application::WaitCursor wait;
+    const std::string chosen = cboSets.text();
+    if (!text::equalNoCase(chosen, setName_) && set_.sampleCount() > 0 && !set_.unchanged()) {
+        const int answer = say("Änderungen in  \"" + setName_ + shell::setExtension + "\" speichern?",
+                               message::yesNo | message::question);
+        if (answer == message::yes && !SaveSetAs(setName_)) {
+            chooseSet(setIndex_);
+            return;
+        }
+    }
+    if (LoadFile(setFile(chosen)) == shell::notOpened) {
+        // What was open still is; a set with a file is read again, as its changes were saved or given up.
+        if (!setName_.empty() && files::fileExists(setFile(setName_))) LoadFile(setFile(setName_));
+        chooseSet(setIndex_);
+    } else {
+        cboSets_Change();
+    }
+    SetItemCount(set_.sampleCount());
+}
+
+bool frmStich::checkTarget(const std::string& name) {
+    if (!path::isValidFileName(name + shell::setExtension) || name.back() == ' ' || name.back() == '.') {
+        say("Der Name \"" + name +
+                "\" kann nicht verwendet werden.\r\nEin Name darf keines der Zeichen \\ / : * ? \" < > | und keine "
+                "Steuerzeichen enthalten, nicht mit einem Punkt oder Leerzeichen enden und kein Gerätename sein.",
+            message::exclamation);
+        return false;
+    }
+    try {
+        files::createDirectories(setsDirectory_);
+    } catch (const platform::RuntimeError& failure) {
+        say(failure.description(), message::exclamation);
+        return false;
+    }
+    return true;
+}
+
+bool frmStich::SaveSetAs(const std::string& name) {
+    if (name.empty()) {
+        say("Sie haben keinen Namen für die Stichprobe vergeben!", message::exclamation);
+        return false;
+    }
+    if (set_.sampleCount() == 0) {
+        say("Sie haben keine Dateien ausgewählt!", message::exclamation);
+        return false;
+    }
+    if (files::directoryExists(setsDirectory_)) SearchSets(false);
+    if (!checkTarget(name)) return false;
+    const bool isThere = std::any_of(setNames_.begin(), setNames_.end(),
+                                     [&](const auto& known) { return text::equalNoCase(known, name); });
+    if (isThere) {
+        const int answer = say("Stichprobendatei \"" + name + shell::setExtension +
+                                   "\" ist bereits vorhanden.\r\nVorhandene Datei überschreiben?",
+                               message::okCancel | message::question);
+        if (answer != message::ok) return false;
+    }
+    try {
+        writeSet(setFile(name), dataDirectory_, set_, rectangles());
+    } catch (const platform::RuntimeError& failure) {
+        say("Die Stichprobe konnte nicht gespeichert werden.\r\n" + failure.description(), message::exclamation);
+        return false;
+    }
+    offerSaved(name);
+    return true;
+}
+
+void frmStich::offerSaved(const std::string& name) {
+    int place = 0;
+    while (place < cboSets.count() && text::compareNatural(cboSets.item(place), name) < 0) ++place;
+    if (place < cboSets.count() && text::equalNoCase(cboSets.item(place), name)) return;
+    cboSets.insert(place, name);
+    if (text::equalNoCase(name, setName_)) {
+        setIndex_ = place;
+    } else if (setIndex_ >= place) {
+        ++setIndex_;
+    }
+    setNames_.push_back(name);
+    widenSetList();
+}
+
+void frmStich::btnSave_Click() {
+    const std::string name = cboSets.text();
+    const bool saved = SaveSetAs(name);
+    set_.setUnchanged(saved);
+    if (!saved) return;
+    for (int i = 0; i < cboSets.count(); ++i) {
+        if (text::equalNoCase(cboSets.item(i), name)) chooseSet(i);
+    }
+    cboSets_Change();
+}
+
+}  // namespace editor

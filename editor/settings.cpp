@@ -1,0 +1,50 @@
+// What the window keeps between runs.
+#include "editor/frmStich.h"
+#include "platform/dialogs.h"
+
+namespace editor {
+
+namespace {
+
+constexpr const char* firstSaveCommand = "btnSaveROI";
+constexpr const char* saveButton = "btnSave";
+
+}  // namespace
+
+shell::EditorSettings frmStich::settings() const {
+    const int save = Toolbar1.indexOf(saveButton);
+    return {.interval = Slider1.value(),
+            .pathROI = PathROI_,
+            .saveSatus = save == 0 ? firstSaveCommand : Toolbar1.button(save).tag,
+            .bar2 = kvBar2.position(),
+            .bar3 = kvBar3.position(),
+            .lists = {ListView1.layout(), ListView2.layout(), lvROIs.layout(), lvCClasses.layout(), lvCItems.layout()}};
+}
+
+void frmStich::ReadProp() {
+    shell::EditorSettings stored = settings();
+    stored.pathROI = shell::pictureDirectory(registry_, environment_);
+    const auto problems = shell::ReadProp(registry_, stored);
+
+    Slider1.setValue(stored.interval);
+    PathROI_ = stored.pathROI;
+    if (const int save = Toolbar1.indexOf(saveButton)) {
+        Toolbar1.setTag(save, stored.saveSatus);
+        for (const auto& entry : Toolbar1.button(save).menu) {
+            if (entry.key == stored.saveSatus) Toolbar1_MenuClick(entry);
+        }
+    }
+    kvBar2.setPosition(stored.bar2);
+    kvBar3.setPosition(stored.bar3);
+    platform::ListView* const lists[] = {&ListView1, &ListView2, &lvROIs, &lvCClasses, &lvCItems};
+    for (std::size_t i = 0; i < stored.lists.size(); ++i) lists[i]->setLayout(stored.lists[i]);
+    layOut();
+
+    std::string text;
+    for (const auto& problem : problems) text += (text.empty() ? "" : "\r\n") + problem;
+    if (!text.empty()) say(text, platform::message::exclamation);
+}
+
+void frmStich::WriteProp() { shell::WriteProp(registry_, settings()); }
+
+}  // namespace editor

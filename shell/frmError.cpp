@@ -1,0 +1,158 @@
+#include "shell/frmError.h"
+
+#include <algorithm>
+
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/metrics.h"
+#include "platform/path.h"
+#include "platform/text.h"
+#include "shell/data_directory.h"
+
+namespace shell {
+
+namespace {
+
+namespace files = platform::files;
+namespace message = platform::message;
+namespace path = platform::path;
+namespace text = platform::text;
+
+constexpr const char* section = "Error";
+constexpr const char* windowKey = "Window";
+constexpr const char* listKey = "ListView1";
+constexpr const char* question =
+    "Wenn Sie kein anderes Verzeichnis angeben werden die nicht auffindbaren Dateien aus der Stichprobe "
+    "entfernt!\r\nMöchten Sie nach den entsprechenden Dateien suchen?";
+
+// Long names, the path and the file must exist.
+constexpr std::uint32_t openFlags = 0x200000 | 0x1000 | 0x800;
+
+constexpr std::int32_t nothingSearched = -1;
+
+}  // namespace
+
+frmError::frmError(platform::Form& owner, platform::Registry& registry, const Environment& environment)
+    : form("frmError", "Fehlende Dateien", {.clientSize = {560, 360}, .dialog = true, .owner = &owner}),
+      lblTop(form, "lblTop", "Diese Dateien der Stichprobe wurden &nicht gefunden:"),
+      ListView1(form, "ListView1", {{"Nr.", 6, platform::ListView::Align::right}, {"Erwartet unter", 60}}, {}),
+      lblQuestion(form, "lblQuestion", {}, platform::Label::Style::wrapped),
+      btnSearch(form, "btnSearch", "&Suchen..."),
+      btnDel(form, "btnDel", "&Entfernen"),
+      btnAbbr(form, "btnAbbr", "&Abbrechen"),
+      registry_(registry),
+      environment_(environment) {
+    form.onResize = [this] { Form_Resize(); };
+    form.onUnload = [this] { Form_Unload(); };
+    btnSearch.onClick = [this] { btnSearch_Click(); };
+    btnDel.onClick = [this] { btnDel_Click(); };
+    btnAbbr.onClick = [this] { btnAbbr_Click(); };
+    ListView1.cell = [this](int row, int subItem) {
+        const Missing& file = missing_[static_cast<std::size_t>(row - 1)];
+        return subItem == 0 ? std::to_string(file.position) : file.path;
+    };
+    Form_Load();
+}
+
+frmError::~frmError() { form.unload(); }
+
+void frmError::Form_Load() {
+    form.setMinimumSize({420, 260});
+    form.setPlacement(registry_.read(section, windowKey).value_or(""));
+    ListView1.setLayout(registry_.read(section, listKey).value_or(""));
+    lblQuestion.setCaption(question);
+    Form_Resize();
+}
+
+void frmError::Form_Unload() {
+    registry_.write(section, windowKey, form.placement());
+    registry_.write(section, listKey, ListView1.layout());
+}
+
+void frmError::Form_Resize() {
+    const auto m = platform::metricsOf(form);
+    const auto [width, height] = form.clientSize();
+    const int margin = m.px(5);
+    const int buttonHeight = m.lineHeight + m.px(10);
+    const int buttonWidth = m.px(90);
+    const int buttonTop = height - margin - buttonHeight;
+    const int questionHeight = 3 * m.lineHeight + m.px(2);
+    const int questionTop = buttonTop - m.px(8) - questionHeight;
+
+    using platform::Rect;
+    lblTop.move(Rect::at(margin, m.px(7), width - 2 * margin, m.lineHeight));
+    const int listTop = m.px(7) + m.lineHeight + m.px(4);
+    ListView1.move({margin, listTop, width - margin, questionTop - m.px(6)});
+    lblQuestion.move(Rect::at(margin, questionTop, width - 2 * margin, questionHeight));
+    int right = width - margin;
+    for (platform::Button* button : {&btnAbbr, &btnDel, &btnSearch}) {
+        button->move(Rect::at(right - buttonWidth, buttonTop, buttonWidth, buttonHeight));
+        right -= buttonWidth + m.px(6);
+    }
+}
+
+void frmError::showModal() {
+    ListView1.setCount(static_cast<int>(missing_.size()));
+    form.showModal();
+}
+
+void frmError::leave(std::int32_t state) {
+    exitState_ = state;
+    form.hide();
+}
+
+std::int32_t frmError::SearchDirectory() {
+    if (missing_.empty()) return nothingSearched;
+    const int row = std::max(1, ListView1.firstSelected());
+    const std::string offered = path::fileName(missing_[static_cast<std::size_t>(row - 1)].path);
+
+    const std::string chosen = platform::showOpenFile(
+        &form, {.title = "Datei öffnen",
+                .fileName = offered,
+                .filter = "Windows-Bitmap (*.bmp)|*.bmp",
+                .filterIndex = 1,
+                .initialDirectory = dataDirectory(registry_, environment_),
+                .flags = openFlags});
+    if (chosen == offered || !files::fileExists(chosen)) return nothingSearched;
+
+    // The directory is listed once, however many files are looked for in it.
+    const std::string directory = path::directory(chosen);
+    const auto there = files::foldedFileNames(directory);
+    std::erase_if(missing_, [&](const Missing& file) {
+        const std::string name = text::foldCase(path::fileName(file.path));
+        if (!std::binary_search(there.begin(), there.end(), name)) return false;
+        if (onFound) onFound(file.position, directory);
+        return true;
+    });
+    ListView1.unselectAll();
+    ListView1.setCount(static_cast<int>(missing_.size()));
+    return static_cast<std::int32_t>(missing_.size());
+}
+
+void frmError::btnSearch_Click() {
+    for (;;) {
+        const std::int32_t left = SearchDirectory();
+        if (left == nothingSearched) return;
+        if (left == 0) {
+            platform::showMessage(&form, {"Alle Elemente konnten erfolgreich zugewiesen werden.",
+                                          message::information, form.caption()});
+            leave(foundAll);
+            return;
+        }
+        const int again = platform::showMessage(
+            &form, {"Nicht alle Elemente konnten zugewiesen werden.\r\nMöchten Sie erneut suchen?",
+                    message::okCancel | message::question, form.caption()});
+        if (again != message::ok) return;
+    }
+}
+
+void frmError::btnDel_Click() {
+    const int answer = platform::showMessage(
+        &form, {"Sind Sie sicher, daß Sie die restlichen Dateien aus der Stichprobe entfernen möchten?",
+                message::yesNo | message::question, form.caption()});
+    if (answer == message::yes) leave(removeRest);
+}
+
+void frmError::btnAbbr_Click() { leave(cancelled); }
+
+}  // namespace shell

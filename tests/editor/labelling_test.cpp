@@ -1,0 +1,149 @@
+#include "editor_fixture.h"
+
+#include "platform/application.h"
+
+namespace {
+
+class Labelling : public EditorTest {
+  protected:
+    void SetUp() override { ASSERT_TRUE(start(makeSet("Probe", {.pictures = 3, .regions = {"Kopf"}}))); }
+};
+
+TEST_F(Labelling, OneClickLabelsThePictureAndBringsTheNext) {
+    auto& w = window();
+    EXPECT_EQ(classShown(1), "gut");
+    pressClass(2);
+    EXPECT_EQ(classShown(1), "Pore");
+    EXPECT_EQ(w.ItemClasses(1, 0), 2);
+    EXPECT_EQ(current(), 2);
+    EXPECT_EQ(w.ListView2.firstSelected(), 2);
+    EXPECT_EQ(w.kvPictureBox1.FileName(), w.ItemPath(2));
+    EXPECT_EQ(w.txtInfo.text(), "Bereich: (gesamtes Bild)   Datei: bild2.bmp");
+    EXPECT_EQ(w.txtSize.text(), "10 x 6 Pixel, 24 Bit Farbtiefe");
+    EXPECT_FALSE(w.unchanged());
+}
+
+TEST_F(Labelling, TheLastPictureIsFollowedByTheFirst) {
+    user::clickRow(window().lvCItems, 3);
+    pressClass(1);
+    EXPECT_EQ(classShown(3), "Riß");
+    EXPECT_EQ(current(), 1);
+    EXPECT_EQ(window().kvPictureBox1.FileName(), window().ItemPath(1));
+}
+
+TEST_F(Labelling, EveryRegionHasAClassOfItsOwn) {
+    auto& w = window();
+    pressClass(1);
+    user::choose(w.cboROI, 1);
+    EXPECT_EQ(classShown(1), "gut");
+    user::clickRow(w.lvCItems, 1);
+    EXPECT_EQ(w.txtInfo.text(), "Bereich: Kopf   Datei: bild1.bmp");
+    pressClass(2);
+    EXPECT_EQ(w.cboROI.listIndex(), 1) << "the region stays";
+    EXPECT_EQ(w.ItemClasses(1, 0), 1);
+    EXPECT_EQ(w.ItemClasses(1, 1), 2);
+    user::choose(w.cboROI, 0);
+    EXPECT_EQ(classShown(1), "Riß");
+}
+
+TEST_F(Labelling, WithoutACurrentItemNothingIsLabelled) {
+    auto& w = window();
+    w.lvCItems.unselectAll();
+    pressClass(2);
+    for (int row = 1; row <= 3; ++row) EXPECT_EQ(w.ItemClasses(row, 0), 0);
+    EXPECT_TRUE(w.unchanged());
+}
+
+TEST_F(Labelling, APictureThatIsNotOfTheSetIsNotLabelled) {
+    auto& w = window();
+    folder.write("Quelle\\fremd.bmp", platform::files::read(w.ItemPath(1)));
+    w.browse(folder.file("Quelle"));
+    user::clickRow(w.ListView1, 1);
+    EXPECT_EQ(w.kvPictureBox1.FileName(), folder.file("Quelle\\fremd.bmp"));
+    pressClass(2);
+    EXPECT_EQ(w.ItemClasses(1, 0), 0);
+    user::clickRow(w.ListView2, 2);
+    pressClass(2);
+    EXPECT_EQ(w.ItemClasses(2, 0), 2) << "the row clicked in the file list is the one that is seen";
+}
+
+TEST_F(Labelling, ShiftRangesLoadNoPicture) {
+    auto& w = window();
+    user::clickRow(w.ListView2, 1);
+    user::clickRow(w.ListView2, 3, platform::shiftKey::shift);
+    EXPECT_EQ(w.ListView2.selectedCount(), 3);
+    EXPECT_EQ(w.kvPictureBox1.FileName(), w.ItemPath(1));
+    user::clickRow(w.ListView2, 2);
+    EXPECT_EQ(w.kvPictureBox1.FileName(), w.ItemPath(2));
+}
+
+TEST_F(Labelling, PathsAreFoundWhateverTheirCaseUnlessDuplicatesAreAllowed) {
+    auto& w = window();
+    EXPECT_EQ(w.FindItemByPath(folder.file("picture\\PROBE\\Bild3.BMP")), 3);
+    EXPECT_EQ(w.FindItemByPath(folder.file("Picture\\Probe\\bild4.bmp")), -1);
+    user::check(w.chkDouble, true);
+    EXPECT_EQ(w.FindItemByPath(w.ItemPath(3)), -1);
+}
+
+TEST_F(Labelling, TheToolbarStepsRoundTheSetAndTheShowRuns) {
+    auto& w = window();
+    const struct {
+        const char* key;
+        int row;
+    } steps[] = {{"btnR", 3}, {"btnF", 1}, {"btnF", 2}, {"btnFF", 3}, {"btnR", 2}, {"btnFR", 1}};
+    for (const auto& step : steps) {
+        user::press(w.Toolbar1, step.key);
+        EXPECT_EQ(current(), step.row) << step.key;
+    }
+    user::press(w.Toolbar1, "btnLoop");
+    EXPECT_EQ(current(), 2) << "the show goes on at once";
+    EXPECT_FALSE(w.Toolbar1.enabled(6));
+    EXPECT_TRUE(w.Toolbar1.enabled(7));
+    user::tick(w.Timer2);
+    user::tick(w.Timer2);
+    EXPECT_EQ(current(), 1);
+    user::press(w.Toolbar1, "btnStop");
+    EXPECT_FALSE(w.Timer2.enabled());
+    EXPECT_TRUE(w.Toolbar1.enabled(6));
+    user::slide(w.Slider1, 2500);
+    EXPECT_EQ(w.Timer2.interval(), 2500);
+    EXPECT_EQ(w.txtTime.caption(), " " + platform::formatNumber(2.5, 1) + "s");
+}
+
+TEST_F(Labelling, PictureLinesTellWhatIsShown) {
+    auto& w = window();
+    w.SetPicSize(640, 480, 1, 24);
+    EXPECT_EQ(w.txtSize.text(), "640 x 480 Pixel, 24 Bit Farbtiefe");
+    w.SetPicSize(0, 0, 1, 24);
+    EXPECT_EQ(w.txtSize.text(), "");
+    w.SetItemCount(12);
+    EXPECT_EQ(w.txtPicCount.text(), "12 Elemente");
+    w.SetItemCount(0);
+    EXPECT_FALSE(w.Toolbar1.enabled(3));
+}
+
+TEST_F(Labelling, APictureThatCannotBeReadIsNamed) {
+    auto& w = window();
+    platform::files::replace(w.ItemPath(2), "BM");
+    user::clickRow(w.lvCItems, 2);
+    EXPECT_NE(w.lblHint.caption(), "");
+    user::clickRow(w.lvCItems, 3);
+    EXPECT_EQ(w.lblHint.caption(), "");
+}
+
+TEST_F(Labelling, RemovedFilesLeaveTheOthersTheirClasses) {
+    auto& w = window();
+    pressClass(1);
+    pressClass(2);
+    user::clickRow(w.ListView2, 2);
+    user::press(w.btnR);
+    EXPECT_EQ(w.set().sampleCount(), 2);
+    EXPECT_EQ(w.lvCItems.count(), 2);
+    EXPECT_EQ(w.ItemClasses(1, 0), 1);
+    EXPECT_EQ(w.ItemClasses(2, 0), 0);
+    EXPECT_EQ(user::shown(w.lvCItems, 2, 0), "bild3.bmp");
+    EXPECT_EQ(user::shown(w.lvCItems, 2, 3), "2");
+    EXPECT_EQ(current(), 0);
+}
+
+}  // namespace

@@ -1,0 +1,146 @@
+#include "editor_fixture.h"
+
+#include "shell/data_directory.h"
+#include "shell/settings.h"
+
+namespace {
+
+namespace message = platform::message;
+
+class StartUp : public EditorTest {};
+
+TEST_F(StartUp, DataDirectoryFollowsTheSettingsAndFallsBack) {
+    platform::files::createDirectories(folder.file("Daten"));
+    const struct {
+        const char* choice;
+        std::string custom;
+        std::string directory;
+        const char* choiceAfterwards;
+    } cases[] = {
+        {"0", folder.file("Daten"), folder.path(), "0"},
+        {"1", folder.file("Daten"), folder.file("Daten"), "1"},
+        {"1", " " + folder.file("Daten") + "\\ ", folder.file("Daten"), "1"},
+        {"1", folder.file("nirgends"), folder.path(), "0"},
+        {"1", "", folder.path(), "0"},
+        {"7", folder.file("Daten"), folder.path(), "0"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.choice) + " " + c.custom);
+        registry.write("", "DataPath", c.choice);
+        registry.write("", "DataPathCustom", c.custom);
+        EXPECT_EQ(shell::dataDirectory(registry, environment), c.directory);
+        EXPECT_EQ(registry.read("", "DataPath"), c.choiceAfterwards);
+    }
+}
+
+TEST_F(StartUp, AnIncompleteDataDirectoryGivesWayAndTheSetsDirectoryIsMade) {
+    platform::files::createDirectories(folder.file("Daten\\TestSets"));
+    platform::files::createDirectories(folder.file("Programm"));
+    environment.programDirectory = folder.file("Programm");
+    registry.write("", "DataPath", "1");
+    registry.write("", "DataPathCustom", folder.file("Daten"));
+    const auto directories = shell::workingDirectories(registry, environment);
+    EXPECT_EQ(directories.sets, folder.file("Programm\\TestSets\\"));
+    EXPECT_EQ(directories.pictures, folder.file("Programm\\Picture\\"));
+    EXPECT_EQ(registry.read("", "DataPath"), "0");
+    EXPECT_TRUE(platform::files::directoryExists(folder.file("Programm\\TestSets")));
+}
+
+TEST_F(StartUp, WithoutACommandLineTheEditorIsReadyForANewSet) {
+    makeSet("Alt", {});
+    makeSet("Bild10", {});
+    makeSet("bild2", {});
+    ASSERT_TRUE(start());
+    auto& w = window();
+    EXPECT_TRUE(w.form.visible());
+    EXPECT_EQ(w.cboSets.text(), "");
+    ASSERT_EQ(w.cboSets.count(), 3);
+    EXPECT_EQ(w.cboSets.item(1), "bild2");
+    EXPECT_EQ(w.cboROI.text(), "(gesamtes Bild)");
+    EXPECT_EQ(w.set().classCount(), 1);
+    EXPECT_EQ(w.cboStdClass.text(), "Klasse1");
+    EXPECT_EQ(w.txtPicCount.text(), "0 Elemente");
+    EXPECT_EQ(w.Timer2.interval(), 1000);
+    EXPECT_FALSE(w.btnGrab.enabled());
+    EXPECT_FALSE(w.Toolbar1.enabled(1));
+    EXPECT_TRUE(w.fraFiles.visible());
+    EXPECT_FALSE(w.fraClasses.visible());
+    EXPECT_TRUE(user::close(w.form)) << "an empty set is never asked about";
+}
+
+TEST_F(StartUp, GrabIsThereWithItsToolAndTellsWhenItCannotBeStarted) {
+    folder.write("Grelvin.exe", "no program");
+    start();
+    ASSERT_TRUE(window().btnGrab.enabled());
+    platform::files::remove(folder.file("Grelvin.exe"));
+    messages.expectPart("\"Grelvin.exe\" kann nicht gestartet werden.");
+    user::press(window().btnGrab);
+    ASSERT_FALSE(messages.shown().empty());
+    EXPECT_EQ(messages.shown().front().codes, message::exclamation);
+}
+
+TEST_F(StartUp, ASetOnTheCommandLineIsOpenedAndTheChooserStaysEmpty) {
+    const std::string path = makeSet("Kopf", {.regions = {"Auge"}});
+    ASSERT_TRUE(start(path));
+    auto& w = window();
+    EXPECT_EQ(w.cboSets.text(), "");
+    EXPECT_EQ(w.set().sampleCount(), 3);
+    EXPECT_EQ(current(), 1);
+    EXPECT_EQ(w.kvPictureBox1.FileName(), folder.file("Picture\\Kopf\\bild1.bmp"));
+    EXPECT_EQ(w.cboROI.listIndex(), 0);
+    EXPECT_EQ(w.cboROI.count(), 2);
+    EXPECT_TRUE(w.unchanged());
+    restart(folder.file("nirgends.kvs"));
+    EXPECT_EQ(window().set().sampleCount(), 0) << "an argument that is no file is ignored";
+}
+
+TEST_F(StartUp, ASetThatCannotBeOpenedEndsTheProgramAtOnce) {
+    messages.expectPart("Die Stichprobe kann nicht geöffnet werden.");
+    EXPECT_FALSE(start(writeSetFile("kaputt", "[Common]\r\nClasses=viele\r\n")));
+    EXPECT_FALSE(window().form.visible());
+}
+
+TEST_F(StartUp, SettingsComeBackAndTheirKeysStay) {
+    folder.write("Scripts\\Extract.kvr", "");
+    start(makeSet("A", {}));   // without a set the toolbar is off, without a script its save button
+    auto& w = window();
+    w.Slider1.setValue(2500);
+    w.kvBar2.setPosition(300);
+    w.kvBar3.setPosition(321);
+    user::chooseMenu(w.Toolbar1, "btnSave", "btnSaveAllROI");
+    const std::string changed = w.lvCItems.layout();
+    restart();
+    EXPECT_EQ(registry.read("Stich", "Interval"), "2500");
+    EXPECT_EQ(registry.read("Stich", "PathROI"), folder.file("Picture\\"));
+    EXPECT_EQ(registry.read("Stich", "SaveSatus"), "btnSaveAllROI");
+    EXPECT_EQ(registry.read("Stich", "Bar2"), "300");
+    EXPECT_EQ(window().Slider1.value(), 2500);
+    EXPECT_EQ(window().Timer2.interval(), 2500);
+    EXPECT_EQ(window().kvBar3.position(), 321);
+    EXPECT_EQ(window().lvCItems.layout(), changed);
+    const int save = window().Toolbar1.indexOf("btnSave");
+    EXPECT_EQ(window().Toolbar1.button(save).tag, "btnSaveAllROI");
+    EXPECT_EQ(window().Toolbar1.image(save), "btnSaveAllROI");
+    EXPECT_EQ(window().Toolbar1.button(save).toolTip, "Alle Regionen speichern");
+}
+
+TEST_F(StartUp, ASettingThatIsNoNumberIsToldOnceAndTheDefaultHolds) {
+    registry.write("Stich", "Interval", "schnell");
+    registry.write("Stich", "Bar2", "");
+    messages.expectPart("\"Interval\"");
+    start();
+    EXPECT_EQ(window().Slider1.value(), 1000);
+    EXPECT_EQ(window().kvBar2.position(), 360);
+    EXPECT_EQ(messages.shown().size(), 1u);
+}
+
+TEST_F(StartUp, TheWindowCannotBeMadeSmallerThanItsContentsNeed) {
+    start();
+    platform::SizeLimits limits{{1, 2}, {3, 4}, {5, 6}, {7, 8}, {9, 10}};
+    user::send(window().form, platform::getMinMaxInfoMessage, 0, reinterpret_cast<std::intptr_t>(&limits));
+    EXPECT_EQ(limits.minTrackSize, (platform::Point{640, 400}));
+    EXPECT_EQ(limits.maxTrackSize, (platform::Point{9, 10}));
+    EXPECT_EQ(limits.maxSize, (platform::Point{3, 4}));
+}
+
+}  // namespace

@@ -1,0 +1,288 @@
+#include "editor_fixture.h"
+
+namespace {
+
+namespace message = platform::message;
+
+class Switching : public EditorTest {
+  protected:
+    void SetUp() override {
+        makeSet("A", {.pictures = 2});
+        makeSet("B", {.pictures = 4, .classes = {"eins", "zwei"}, .regions = {"Kopf"}});
+        ASSERT_TRUE(start());
+    }
+    const std::string saveA = "Änderungen in  \"A.kvs\" speichern?";
+    const std::string overwriteA = "Stichprobendatei \"A.kvs\" ist bereits vorhanden.\r\nVorhandene Datei überschreiben?";
+};
+
+TEST_F(Switching, ChoosingASetOpensItWhole) {
+    auto& w = window();
+    openByChooser("B");
+    EXPECT_EQ(w.lvCItems.count(), 4);
+    EXPECT_EQ(w.ListView2.count(), 4);
+    EXPECT_EQ(w.txtPicCount.text(), "4 Elemente");
+    EXPECT_EQ(w.cboROI.item(1), "Kopf");
+    EXPECT_EQ(w.cboStdClass.count(), 2);
+    EXPECT_EQ(user::shown(w.lvCClasses, 2, 0), "zwei");
+    EXPECT_EQ(current(), 1);
+    EXPECT_TRUE(w.unchanged());
+    openByChooser("A");
+    EXPECT_EQ(w.cboROI.count(), 1);
+    EXPECT_THROW(w.kvPictureBox1.regionRect(1), platform::RuntimeError);
+    EXPECT_EQ(w.lvCItems.count(), 2);
+}
+
+TEST_F(Switching, ChangesAreSavedWhenTheUserSaysSo) {
+    openByChooser("A");
+    pressClass(2);
+    messages.expect(saveA, message::yes).expect(overwriteA, message::ok);
+    openByChooser("B");
+    EXPECT_EQ(messages.shown()[0].codes, 36);
+    EXPECT_EQ(messages.shown()[0].title, "Stichprobe");
+    EXPECT_EQ(messages.shown()[1].codes, 33);
+    EXPECT_EQ(stored("A", "ROI0", "1"), "3");
+    EXPECT_EQ(window().cboSets.text(), "B");
+    EXPECT_EQ(window().lvCItems.count(), 4);
+}
+
+TEST_F(Switching, ChangesAreDroppedWhenTheUserSaysSo) {
+    openByChooser("A");
+    pressClass(2);
+    messages.expect(saveA, message::no);
+    openByChooser("B");
+    EXPECT_EQ(stored("A", "ROI0", "1"), "1");
+    EXPECT_EQ(window().lvCItems.count(), 4);
+}
+
+TEST_F(Switching, AFailedSaveKeepsTheSetAndItsChooserEntry) {
+    openByChooser("A");
+    pressClass(2);
+    messages.expect(saveA, message::yes).expect(overwriteA, message::cancel);
+    openByChooser("B");
+    EXPECT_EQ(window().cboSets.text(), "A");
+    EXPECT_EQ(window().lvCItems.count(), 2);
+    EXPECT_EQ(window().ItemClasses(1, 0), 2) << "the label is still there";
+    EXPECT_FALSE(window().unchanged());
+}
+
+TEST_F(Switching, ASetThatCannotBeReadLeavesTheOldOneOpen) {
+    writeSetFile("kaputt", "[Common]\r\nClasses=1\r\nROIs=1\r\nItems=2000000000\r\n");
+    restart();
+    openByChooser("A");
+    user::clickRow(window().lvCItems, 2);
+    messages.expectPart("Items");
+    openByChooser("kaputt");
+    EXPECT_EQ(messages.shown().back().codes, message::exclamation);
+    EXPECT_EQ(window().cboSets.text(), "A");
+    EXPECT_EQ(window().lvCItems.count(), 2);
+    pressClass(1);
+    EXPECT_FALSE(window().unchanged());
+}
+
+TEST_F(Switching, ABadSetAfterAnUnnamedOneKeepsTheUnnamedOne) {
+    writeSetFile("kaputt", "[Common]\r\n");
+    restart(folder.file("TestSets\\B.kvs"));
+    pressClass(1);
+    messages.expect("Änderungen in  \".kvs\" speichern?", message::no).expectPart("Classes");
+    openByChooser("kaputt");
+    EXPECT_EQ(window().set().sampleCount(), 4);
+    EXPECT_EQ(window().ItemClasses(1, 0), 1);
+    EXPECT_EQ(window().cboSets.text(), "");
+}
+
+TEST_F(Switching, AStrayClassNumberIsPutRightAndTold) {
+    const std::string file = folder.file("TestSets\\A.kvs");
+    std::string text = platform::files::read(file);
+    text.replace(text.find("\r\n1=1") + 4, 1, "9");
+    platform::files::replace(file, text);
+    messages.expectPart("1 mal");
+    openByChooser("A");
+    EXPECT_EQ(window().ItemClasses(1, 0), window().set().standardClass());
+    EXPECT_FALSE(window().unchanged());
+}
+
+TEST_F(Switching, SavingAsksForANameForFilesAndForAStorableName) {
+    auto& w = window();
+    const std::string noName = "Sie haben keinen Namen für die Stichprobe vergeben!";
+    messages.expect(noName);
+    user::press(w.btnSave);
+    user::type(w.cboSets, "Neu");
+    messages.expect("Sie haben keine Dateien ausgewählt!");
+    user::press(w.btnSave);
+    EXPECT_EQ(messages.shown().back().codes, 48);
+    openByChooser("A");
+    for (const char* bad : {"a/b", "..\\weg", "nul", "Ende.", "Ende ", "x:y", "was?", "a\tb"}) {
+        user::type(w.cboSets, bad);
+        messages.expectPart("kann nicht verwendet werden");
+        user::press(w.btnSave);
+        EXPECT_FALSE(w.unchanged()) << bad;
+    }
+}
+
+TEST_F(Switching, ANewNameIsListedAndBecomesTheCurrentOne) {
+    auto& w = window();
+    openByChooser("A");
+    pressClass(1);
+    user::type(w.cboSets, "Ärger");
+    user::press(w.btnSave);
+    EXPECT_TRUE(w.unchanged());
+    EXPECT_EQ(w.cboSets.text(), "Ärger");
+    ASSERT_GE(w.cboSets.listIndex(), 0);
+    EXPECT_EQ(w.cboSets.item(w.cboSets.listIndex()), "Ärger");
+    EXPECT_EQ(w.cboSets.count(), 3);
+    EXPECT_EQ(stored("Ärger", "ROI0", "1"), "2");
+    EXPECT_EQ(stored("Ärger", "Items", "1"), "Picture\\A\\bild1.bmp");
+    openByChooser("A");
+    EXPECT_EQ(w.lvCItems.count(), 2) << "nothing to ask: it was saved";
+}
+
+TEST_F(Switching, ANameThatDiffersOnlyInCaseIsOverwrittenAfterAQuestion) {
+    openByChooser("A");
+    user::type(window().cboSets, "b");
+    messages.expect("Stichprobendatei \"b.kvs\" ist bereits vorhanden.\r\nVorhandene Datei überschreiben?",
+                    message::cancel);
+    user::press(window().btnSave);
+    EXPECT_FALSE(window().unchanged());
+    EXPECT_EQ(stored("B", "Common", "Items"), "4");
+}
+
+TEST_F(Switching, ASaveThatFailsSaysWhyAndTheSetStillCountsAsChanged) {
+    openByChooser("A");
+    pressClass(1);
+    platform::files::createDirectories(folder.file("TestSets\\voll.kvs"));
+    user::type(window().cboSets, "voll");
+    messages.expectPart("Die Stichprobe konnte nicht gespeichert werden.");
+    user::press(window().btnSave);
+    EXPECT_FALSE(window().unchanged());
+}
+
+TEST_F(Switching, ClosingAsksOnlyForUnsavedLabels) {
+    auto& w = window();
+    openByChooser("A");
+    pressClass(1);
+    const std::string question = "Änderungen speichern?";
+    messages.expect(question, message::cancel);
+    EXPECT_FALSE(user::close(w.form));
+    messages.expect(question, message::yes).expect(overwriteA, message::cancel);
+    user::press(w.btnOK);
+    EXPECT_TRUE(w.form.loaded()) << "a save that was not made keeps the window";
+    EXPECT_EQ(messages.shown().front().codes, 35);
+    messages.expect(question, message::yes).expect(overwriteA, message::ok);
+    user::press(w.btnOK);
+    EXPECT_FALSE(w.form.loaded());
+    EXPECT_EQ(stored("A", "ROI0", "1"), "2");
+}
+
+TEST_F(Switching, AbbrechenDropsEverythingWithoutAQuestion) {
+    openByChooser("A");
+    pressClass(1);
+    user::press(window().btnAbbr);
+    EXPECT_FALSE(window().form.loaded());
+    EXPECT_EQ(stored("A", "ROI0", "1"), "1");
+    EXPECT_EQ(registry.read("Stich", "Interval"), "1000") << "the settings are kept all the same";
+}
+
+TEST_F(Switching, ChoosingTheCurrentSetReadsItAgainWithoutAQuestion) {
+    openByChooser("A");
+    pressClass(1);
+    window().cboSets.onClick();
+    EXPECT_EQ(window().ItemClasses(1, 0), 0);
+}
+
+TEST_F(Switching, TheListOfSetsIsAsWideAsItsLongestName) {
+    makeSet("ein ganz besonders langer Name für eine Stichprobe von vielen Bildern", {});
+    restart();
+    const auto& w = window();
+    EXPECT_GE(w.cboSets.dropDownWidth(),
+              platform::textWidth(w.cboSets, w.cboSets.item(2)) + platform::metricsOf(w.form).vScrollWidth);
+}
+
+// Missing pictures ---------------------------------------------------------------------------------------
+
+class Missing : public EditorTest {
+  protected:
+    void SetUp() override {
+        makeSet("A", {.pictures = 4, .regions = {"Kopf"}});
+        makeSet("B", {.pictures = 1});
+        platform::files::createDirectories(folder.file("Umzug"));
+        for (const char* name : {"bild2.bmp", "bild3.bmp"}) {
+            platform::files::replace(folder.file("Umzug\\") + name, platform::files::read(old(name)));
+            platform::files::remove(old(name));
+        }
+        ASSERT_TRUE(start());
+        openByChooser("B");
+    }
+    std::string old(const std::string& name) const { return folder.file("Picture\\A\\" + name); }
+};
+
+TEST_F(Missing, GivingUpKeepsTheSetThatWasOpen) {
+    user::ModalUser dialog([](platform::Form& form) {
+        auto& list = user::find<platform::ListView>(form, "ListView1");
+        EXPECT_EQ(list.count(), 2);
+        EXPECT_EQ(user::shown(list, 1, 0), "2");
+        EXPECT_NE(user::shown(list, 1, 1).find("Picture\\A\\bild2.bmp"), std::string::npos);
+        user::press(user::find<platform::Button>(form, "btnAbbr"));
+    });
+    openByChooser("A");
+    EXPECT_EQ(window().cboSets.text(), "B");
+    EXPECT_EQ(window().lvCItems.count(), 1);
+    EXPECT_TRUE(window().unchanged());
+}
+
+TEST_F(Missing, OneFoundFileBringsItsNeighbours) {
+    support::OpenFileScript files;
+    files.answer("").answer(folder.file("Umzug\\bild2.bmp"));
+    messages.expect("Alle Elemente konnten erfolgreich zugewiesen werden.");
+    user::ModalUser dialog([](platform::Form& form) { user::press(user::find<platform::Button>(form, "btnSearch")); });
+    openByChooser("A");
+    ASSERT_EQ(files.requests().size(), 2u);
+    EXPECT_EQ(files.requests()[0].title, "Datei öffnen");
+    EXPECT_EQ(files.requests()[0].fileName, "bild2.bmp");
+    EXPECT_EQ(files.requests()[0].flags, 0x201800u);
+    EXPECT_EQ(window().set().sampleCount(), 4);
+    EXPECT_EQ(window().ItemPath(3), folder.file("Umzug\\bild3.bmp"));
+    EXPECT_FALSE(window().unchanged()) << "the new places are not saved yet";
+    EXPECT_EQ(current(), 1);
+}
+
+TEST_F(Missing, WhatIsNotFoundCanBeSearchedAgainOrRemoved) {
+    platform::files::remove(folder.file("Umzug\\bild3.bmp"));
+    support::OpenFileScript files;
+    files.answer(folder.file("Umzug\\bild2.bmp"));
+    messages.expectPart("Nicht alle Elemente konnten zugewiesen werden.", message::cancel)
+        .expectPart("Sind Sie sicher, daß Sie", message::no)
+        .expectPart("Sind Sie sicher, daß Sie", message::yes);
+    int calls = 0;
+    user::ModalUser dialog([&](platform::Form& form) {
+        const char* button = ++calls == 1 ? "btnSearch" : "btnDel";
+        user::press(user::find<platform::Button>(form, button));
+    });
+    openByChooser("A");
+    EXPECT_EQ(messages.shown()[0].codes, 33);
+    EXPECT_EQ(messages.shown()[1].codes, 36);
+    EXPECT_EQ(messages.shown()[1].title, "Fehlende Dateien");
+    ASSERT_EQ(window().set().sampleCount(), 3);
+    EXPECT_EQ(window().ItemPath(2), folder.file("Umzug\\bild2.bmp"));
+    EXPECT_EQ(user::shown(window().lvCItems, 3, 0), "bild4.bmp");
+    EXPECT_FALSE(window().unchanged());
+}
+
+TEST_F(Missing, ASetThatLosesAllItsPicturesLosesItsRegions) {
+    for (const char* name : {"bild1.bmp", "bild4.bmp"}) platform::files::remove(old(name));
+    messages.expectPart("Sind Sie sicher", message::yes);
+    user::ModalUser dialog([](platform::Form& form) { user::press(user::find<platform::Button>(form, "btnDel")); });
+    openByChooser("A");
+    EXPECT_EQ(window().set().sampleCount(), 0);
+    EXPECT_EQ(window().set().regionCount(), 0);
+    EXPECT_EQ(window().cboROI.count(), 1);
+    EXPECT_EQ(window().cboROI.listIndex(), 0);
+}
+
+TEST_F(Missing, ClosingTheDialogTakesTheSetAsItIs) {
+    user::ModalUser dialog([](platform::Form& form) { user::close(form); });
+    openByChooser("A");
+    EXPECT_EQ(window().cboSets.text(), "A");
+    EXPECT_EQ(window().set().sampleCount(), 4);
+}
+
+}  // namespace
