@@ -1,0 +1,70 @@
+"""The count of the tests counts every case once, and misses no program that crashed or did not run."""
+
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
+
+from test_results import crash_text, ctest_results  # noqa: E402
+
+CASES = {
+    "good": '<testcase name="a" classname="S" status="run" result="completed"/>',
+    "bad": '<testcase name="b" classname="S" status="run" result="completed"><failure message="x.cpp:3"/></testcase>',
+    "skipped": '<testcase name="c" classname="S" status="run" result="skipped"><skipped message=""/></testcase>',
+    "off": '<testcase name="d" classname="S" status="notrun" result="suppressed"/>',
+}
+
+
+class Count(unittest.TestCase):
+    def count(self, cases, status="run", report="p.xml"):
+        """One program whose report has these cases (None: it left no report)."""
+        with tempfile.TemporaryDirectory() as name:
+            folder = Path(name)
+            entry = f'<testcase name="p" time="1" status="{status}"><system-out>last words</system-out></testcase>'
+            (folder / "ctest.xml").write_text(f"<testsuite>{entry if status else ''}</testsuite>")
+            if cases is not None:
+                body = "".join(CASES[case] for case in cases)
+                (folder / "p.xml").write_text(f"<testsuites><testsuite>{body}</testsuite></testsuites>")
+            return ctest_results({"p": report}, folder / "ctest.xml", folder)[0]
+
+    def test_cases(self):
+        result = self.count(["good", "good", "bad", "skipped", "off"], "fail")
+        self.assertEqual((2, 1, [("S.b", "x.cpp:3")]), (result.passed, result.skipped, result.failures))
+
+    def test_what_did_not_end_well_is_a_failure(self):
+        for cases, status, report, passed in ((None, "run", "p.xml", 0), (None, "fail", "p.xml", 0),
+                                              (["good"], "fail", "p.xml", 1), (["good"], "", "p.xml", 0),
+                                              (None, "fail", None, 0), (None, "", None, 0)):
+            with self.subTest(cases=cases, status=status, report=report):
+                result = self.count(cases, status, report)
+                self.assertEqual((passed, 1), (result.passed, len(result.failures)))
+
+    def test_half_a_report_is_none(self):
+        with tempfile.TemporaryDirectory() as name:
+            folder = Path(name)
+            (folder / "ctest.xml").write_text('<testsuite><testcase name="p" status="run"/></testsuite>')
+            (folder / "p.xml").write_text("<testsuites><testsuite>" + CASES["good"])
+            result = ctest_results({"p": "p.xml"}, folder / "ctest.xml", folder)[0]
+            self.assertEqual((0, 1), (result.passed, len(result.failures)))
+
+    def test_a_missing_ctest_report_fails_every_program(self):
+        results = ctest_results({"p": "p.xml", "q": None}, Path("missing.xml"), Path("missing"))
+        self.assertEqual([1, 1], [len(result.failures) for result in results])
+
+    def test_other_programs_count_as_one_case(self):
+        self.assertEqual((1, []), (lambda r: (r.passed, r.failures))(self.count(None, "run", None)))
+
+    def test_crash_text_shows_the_running_test_and_the_reason(self):
+        noise = "\n".join(f"[       OK ] S.{number}" for number in range(100))
+        text = crash_text(f"{noise}\n[ RUN      ] S.last\nx.cpp:3: runtime error: overflow\n#0 at\n")
+        self.assertEqual("[ RUN      ] S.last\nx.cpp:3: runtime error: overflow\n#0 at", text)
+
+    def test_crash_text_leaves_out_registers(self):
+        text = crash_text("wine: Unhandled page fault\nRegister dump:\n rip:0\nBacktrace:\n=>0 main x.cpp:3\n")
+        self.assertEqual("wine: Unhandled page fault\nBacktrace:\n=>0 main x.cpp:3", text)
+
+
+if __name__ == "__main__":
+    unittest.main()
