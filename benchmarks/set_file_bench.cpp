@@ -1,5 +1,7 @@
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
+#include <filesystem>
 #include <string>
 
 #include "model/kvTamSampleSet.h"
@@ -40,12 +42,14 @@ kvTamSampleSet makeSet(int samples) {
     return set;
 }
 
+std::string temporaryFile() {
+    return files::fullPath((std::filesystem::temp_directory_path() / "set_file_bench.kvs").string());
+}
+
 /// A set file as long as a benchmark needs it.
 class StoredSet {
   public:
-    explicit StoredSet(int samples) : name(files::fullPath("set_file_bench.kvs")), set(makeSet(samples)) {
-        set.Save(name);
-    }
+    explicit StoredSet(int samples) : name(temporaryFile()), set(makeSet(samples)) { set.Save(name); }
     ~StoredSet() { files::remove(name); }
     StoredSet(const StoredSet&) = delete;
     StoredSet& operator=(const StoredSet&) = delete;
@@ -66,8 +70,9 @@ void Load(benchmark::State& state) {
         kvTamSampleSet set;
         set.AppPath(stored.set.AppPath());
         if (!set.Load(stored.name)) state.SkipWithError("not loaded");
-        state.PauseTiming();   // the set's end is not part of reading it
+        state.PauseTiming();  // the set's end is not part of reading it
         set.Clear();
+        malloc_trim(0);  // each set is read into fresh memory, as a program that opens one does
         state.ResumeTiming();
     }
 }

@@ -66,7 +66,8 @@ void frmStich::Timer2_Tick() {
 
 void frmStich::Slider1_Change() {
     Timer2.setInterval(Slider1.value());
-    txtTime.setCaption(" " + platform::formatNumber(Slider1.value() / 1000.0, 1) + "s");
+    const std::string seconds = platform::formatNumber(Slider1.value() / 1000.0, 1);
+    txtTime.setCaption(' ' + seconds + 's');
 }
 
 void frmStich::Toolbar1_MenuClick(const platform::Toolbar::MenuEntry& entry) {

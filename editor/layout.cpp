@@ -20,6 +20,7 @@ constexpr int smallestRight = 330;
 constexpr int smallestPage = 165;
 constexpr int smallestItems = 80;
 constexpr int smallestClassButtons = 110;
+constexpr int classButtonHeight = 23;
 constexpr int longestSlider = 170;
 
 /// The measures that the whole window shares.
@@ -112,6 +113,7 @@ void frmStich::layOutLeft(Rect area) {
     lblROI.move(u.label(area.left, y, labelWidth));
     cboROI.move({area.left + labelWidth + u.gap(), y, area.right, y + u.row()});
     lvCItems.move({area.left, y + u.row() + u.gap(), area.right, area.bottom});
+    if (const int current = lvCItems.firstSelected()) lvCItems.ensureVisible(current);
 }
 
 void frmStich::layOutFiles(int width, int height) {
@@ -212,6 +214,8 @@ void frmStich::layOutRight(Rect area) {
     const int buttonsLeft = area.right - classButtonsWidth(area.width());
     kvPictureBox1.move({area.left, pictureTop, buttonsLeft - u.gap(), pictureBottom});
     kvButtonList1.move({buttonsLeft, pictureTop, area.right, pictureBottom});
+    const auto classHeight = static_cast<std::int16_t>(u.px(classButtonHeight));
+    if (kvButtonList1.ButtonHeight() != classHeight) kvButtonList1.ButtonHeight(classHeight);
 }
 
 // Wide enough for the longest name, but the picture stays the biggest thing.

@@ -64,7 +64,7 @@ class ListView : public Control {
     void redraw(int row);
     void redrawAll();
 
-    /// Opens the row's text for editing; nothing happens while the list cannot be seen.
+    /// Selects this row alone and opens its text for editing; nothing happens while the list cannot be seen.
     void editLabel(int row);
     /// The row at a point of the list's client area, 0 when there is none.
     int hitTest(Point point) const;

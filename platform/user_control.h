@@ -33,12 +33,12 @@ class UserControl : public Container {
     std::intptr_t hDC() const;   ///< valid until the control is gone
 
     std::function<void(Canvas&)> onPaint;   ///< also for a canvas that is not the screen's
-    std::function<void()> onResize;
+    std::function<void()> onResize;   ///< all of it is marked to be painted
     std::function<void()> onClick;
     std::function<void(MouseButton, int shift, Point)> onMouseDown;
     std::function<void(MouseButton, int shift, Point)> onMouseMove;   ///< the button that is down, or none
     std::function<void(MouseButton, int shift, Point)> onMouseUp;
-    std::function<void()> onCaptureLost;
+    std::function<void()> onCaptureLost;   ///< something else took it; giving it back raises nothing
     std::function<void(int notches, int shift, Point)> onWheel;   ///< positive: away from the user; 120 a notch
     std::function<bool(int key, int shift)> onKeyDown;   ///< true: taken; arrows come here too then
 };

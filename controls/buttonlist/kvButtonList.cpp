@@ -122,7 +122,8 @@ void kvButtonList::layOutScrollBar(int slots) {
     if (VScroll1.bounds() != place) VScroll1.move(place);
     VScroll1.setEnabled(count() > slots);
     // With fewer items than slots the list starts at its first item again, however far it was scrolled.
-    VScroll1.setRange(1, std::max(1, count() - slots + 1));
+    const int maximum = std::max(1, count() - slots + 1);
+    if (VScroll1.maximum() != maximum) VScroll1.setRange(1, maximum);
 }
 
 void kvButtonList::showCaptions() {

@@ -22,9 +22,11 @@ kvPictureBox::kvPictureBox(platform::Container& parent, const std::string& name)
     : UserControl(parent, name, "kvPictureBox"),
       HScroll1(*this, "HScroll1", ScrollBar::Direction::horizontal),
       VScroll1(*this, "VScroll1", ScrollBar::Direction::vertical) {
-    HScroll1.setEnabled(false);
-    VScroll1.setEnabled(false);
-    for (ScrollBar* bar : {&HScroll1, &VScroll1}) bar->onChange = bar->onScroll = [this] { scrolled(); };
+    for (ScrollBar* bar : {&HScroll1, &VScroll1}) {
+        bar->setEnabled(false);
+        bar->setRange(0, 0);
+        bar->onChange = bar->onScroll = [this] { scrolled(); };
+    }
     onResize = [this] { layOut(); };
     onPaint = [this](platform::Canvas& canvas) { paint(canvas); };
     onWheel = [this](int notches, int shift, Point) { wheel(notches, shift); };
@@ -68,10 +70,11 @@ void kvPictureBox::layOut() {
 void kvPictureBox::layOut(const AxisView& axis, ScrollBar& bar) {
     bar.setEnabled(axis.scrollable);
     if (!axis.scrollable) return;
+    // Each of these draws the bar anew; from one picture to the next of the same size nothing changes.
     bar.setSmallChange(axis.smallChange);
-    bar.setLargeChange(axis.largeChange);
-    bar.setRange(0, axis.maximum);
-    bar.setValue(-axis.offset);
+    if (bar.largeChange() != axis.largeChange) bar.setLargeChange(axis.largeChange);
+    if (bar.maximum() != axis.maximum) bar.setRange(0, axis.maximum);
+    if (bar.value() != -axis.offset) bar.setValue(-axis.offset);
 }
 
 void kvPictureBox::scrolled() {

@@ -112,7 +112,7 @@ void ListView::editLabel(int row) {
     ListWindow& self = withRow(*this, row);
     if (!self.options.editLabels || !self.usable()) return;
     headless::Desk::instance().setFocus(&self);
-    self.focusRow = row;
+    self.selectOnly(row);
     self.scrollTo(row);
     self.editing = row;
 }

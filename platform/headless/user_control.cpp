@@ -26,6 +26,7 @@ Rect around(const Rect& a, const Rect& b) {
 }  // namespace
 
 void UserControlWindow::resized() {
+    screen_ = Surface(clientSize());
     invalidateAll();
     raise(userControl().onResize);
 }
@@ -55,16 +56,9 @@ void UserControlWindow::invalidate(Rect area) {
 
 void UserControlWindow::paint() {
     if (invalid_.empty() || !seen()) return;
-    Surface& target = screen();
     Canvas canvas(
-        std::make_unique<Canvas::Native>(Canvas::Native{target.native(), std::exchange(invalid_, {})}));
+        std::make_unique<Canvas::Native>(Canvas::Native{screen_.native(), std::exchange(invalid_, {})}));
     raise(userControl().onPaint, canvas);
-}
-
-Surface& UserControlWindow::screen() {
-    const Size size = clientSize();
-    if (screen_.size() != size) screen_ = Surface(size);
-    return screen_;
 }
 
 void UserControlWindow::mouseDown(MouseButton button, int shift, Point point) {

@@ -18,8 +18,7 @@ struct UserControlWindow : Control::Native {
     void paint() override;
     void invalidate(Rect area);
     Rect client() const { return Rect::at(0, 0, bounds.width(), bounds.height()); }
-    /// Its part of the screen, as large as the control; in a new one nothing was painted yet.
-    Surface& screen();
+    Surface& screen() { return screen_; }  ///< its part of the screen
 
     void mouseDown(MouseButton button, int shift, Point point);
     void mouseUp(MouseButton button, int shift, Point point);

@@ -36,7 +36,7 @@ Handled ContainerWindow::reflectNotification(const Message& m) {
 Handled ContainerWindow::reflectScroll(const Message& m) {
     Native* child = of(reinterpret_cast<HWND>(m.lParam));
     if (!child) return std::nullopt;
-    child->scrolled(LOWORD(m.wParam));
+    child->scrolled(LOWORD(m.wParam), HIWORD(m.wParam));
     return done;
 }
 

@@ -87,10 +87,14 @@ Handled ListWindow::pressed(const Message& m) {
 
 /// Lets the list do what the user wants and tells, once, when the selection is another one then.
 LRESULT ListWindow::follow(const Message& m) {
+    const int countBefore = selectedCount();
+    const int firstBefore = countBefore == 1 ? firstSelected() : 0;
     changed_ = false;
     ++userAction_;
     const LRESULT result = passOn(m);
     --userAction_;
+    // A click on the one selected row may deselect it and select it again.
+    if (selectedCount() == countBefore && countBefore <= 1 && firstBefore == firstSelected()) changed_ = false;
     if (changed_) raise(list().onSelectionChange);
     return result;
 }
@@ -214,6 +218,7 @@ void ListWindow::editLabel(int wanted) {
     if (endingEdit_)
         PostMessageW(window, editLabelMessage, static_cast<WPARAM>(wanted), 0);
     else if (usable() && form().visible && options_.editLabels) {
+        const Quiet quiet(*this);   // some systems select the row, too
         SetFocus(window);
         ensureVisible(wanted);
         send(LVM_EDITLABELW, static_cast<WPARAM>(index(wanted)));

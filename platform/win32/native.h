@@ -45,7 +45,7 @@ struct Control::Native {
     // What the window tells its parent comes back to it here.
     virtual void command(int, int /*code*/) {}
     virtual Handled notify(NMHDR&) { return std::nullopt; }
-    virtual void scrolled(int /*code*/) {}
+    virtual void scrolled(int /*code*/, int /*position*/) {}
     /// What it paints its ground with; `behind` lets its parent's ground show through. Null: the system's
     /// way.
     virtual HBRUSH ground(HBRUSH /*behind*/) const { return nullptr; }

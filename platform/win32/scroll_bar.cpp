@@ -39,7 +39,7 @@ class ScrollBarWindow : public RangeWindow {
         if ((IsWindowEnabled(window) != 0) != enabled) EnableWindow(window, enabled);
     }
 
-    void scrolled(int code) override {
+    void scrolled(int code, int position) override {
         switch (code) {
             case SB_LINEUP:
                 return set(clamped(std::int64_t{value()} - smallChange));
@@ -54,9 +54,9 @@ class ScrollBarWindow : public RangeWindow {
             case SB_BOTTOM:
                 return set(maximum());
             case SB_THUMBTRACK:
-                return drag(trackPosition());
+                return drag(trackPosition(position));
             case SB_THUMBPOSITION:
-                drag(trackPosition());
+                drag(trackPosition(position));
                 return drop();
             case SB_ENDSCROLL:
                 return drop();
@@ -71,13 +71,13 @@ class ScrollBarWindow : public RangeWindow {
         if (control) raise(bar().onChange);
     }
 
-    /// The message itself carries 16 bits only.
-    int trackPosition() const {
+    /// The message carries 16 bits only; the bar knows all of them, while it is dragged by the mouse.
+    int trackPosition(int lowBits) const {
         SCROLLINFO info{};
         info.cbSize = sizeof info;
         info.fMask = SIF_TRACKPOS;
         GetScrollInfo(window, SB_CTL, &info);
-        return info.nTrackPos;
+        return (info.nTrackPos & 0xFFFF) == lowBits ? info.nTrackPos : lowBits;
     }
 
     void drag(int wanted) {

@@ -26,7 +26,7 @@ class SliderWindow : public RangeWindow {
 
     HBRUSH ground(HBRUSH behind) const override { return behind; }
 
-    void scrolled(int code) override {
+    void scrolled(int code, int) override {
         const int before = value();
         value_ = within(static_cast<int>(send(TBM_GETPOS)));
         if (value() == before) return;

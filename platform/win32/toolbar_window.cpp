@@ -6,7 +6,6 @@
 #include "platform/win32/event.h"
 #include "platform/win32/failure.h"
 #include "platform/win32/form_window.h"
-#include "platform/win32/mnemonic.h"
 #include "platform/win32/wide.h"
 
 namespace platform::win32 {
@@ -127,8 +126,7 @@ void ToolbarWindow::showMenu(int index) {
     const UniqueMenu menu(require(CreatePopupMenu(), "Menü anlegen"));
     UINT_PTR id = 0;
     for (const Toolbar::MenuEntry& entry : parentButton.menu)
-        require(AppendMenuW(menu.get(), MF_STRING, ++id, wide(asMnemonic(entry.text)).c_str()),
-                "Menü anlegen");
+        require(AppendMenuW(menu.get(), MF_STRING, ++id, wide(entry.text).c_str()), "Menü anlegen");
     const RECT area = buttonArea(index);
     POINT at{area.left, area.bottom};
     ClientToScreen(window, &at);

@@ -39,7 +39,9 @@ HCURSOR cursorFor(Pointer pointer) {
 UserControlWindow::UserControlWindow(Native* parentWindow, const std::string& controlName,
                                      const std::string& windowClass)
     : ContainerWindow(parentWindow, controlName) {
-    createOwn({.windowClass = windowClass, .classStyle = CS_OWNDC, .extendedStyle = WS_EX_CONTROLPARENT});
+    createOwn({.windowClass = windowClass,
+               .classStyle = CS_OWNDC | CS_HREDRAW | CS_VREDRAW,
+               .extendedStyle = WS_EX_CONTROLPARENT});
     dc_ = GetDC(window);  // of a class with CS_OWNDC: goes with the window
 }
 

@@ -176,8 +176,11 @@ struct LabelEditing : ListWindow {
 
 TEST(ListViewLabel, IsTakenOverByTheOwner) {
     LabelEditing window;
+    window.list.select(4);
     window.list.editLabel(2);
     EXPECT_TRUE(user::editing(window.list));
+    EXPECT_EQ(window.selected(), Rows{2});
+    EXPECT_EQ(window.raised(), Events{}) << "the program selected it";
     user::finishEdit(window.list, "Kratzer groß");
     EXPECT_FALSE(user::editing(window.list));
     EXPECT_EQ(window.raised(), Events{"2: Kratzer groß"});

@@ -1,0 +1,168 @@
+#include <gtest/gtest.h>
+
+#include "platform/basic_controls.h"
+#include "platform/form.h"
+#include "platform/list_view.h"
+#include "platform/metrics.h"
+#include "platform/win32/form_window.h"
+#include "platform/win32/surface_bitmap.h"
+#include "tests/support/user.h"
+
+namespace {
+
+using namespace platform;
+
+/// What stands on the screen in a control's client area.
+class Shot {
+  public:
+    explicit Shot(const Control& control) : pixels_(sizeOf(control.native().window)) {
+        const HWND window = control.native().window;
+        user::pump();
+        RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        const HDC dc = GetDC(window);
+        BitBlt(pixels_.dc(), 0, 0, pixels_.size().width, pixels_.size().height, dc, 0, 0, SRCCOPY);
+        ReleaseDC(window, dc);
+        GdiFlush();
+    }
+    Colour at(int x, int y) const { return pixels_.row(y)[x] & 0xFFFFFF; }
+    int count(Rect area, Colour colour) const {
+        int n = 0;
+        for (int y = area.top; y < area.bottom; ++y)
+            for (int x = area.left; x < area.right; ++x) n += at(x, y) == colour;
+        return n;
+    }
+
+  private:
+    static Size sizeOf(HWND window) {
+        RECT r{};
+        GetClientRect(window, &r);
+        return {r.right, r.bottom};
+    }
+    win32::BitmapDc pixels_;
+};
+
+IconImage plain(int size, std::uint32_t colour) {
+    return {size, std::vector<std::uint32_t>(static_cast<std::size_t>(size) * static_cast<std::size_t>(size),
+                                             colour)};
+}
+
+TEST(Look, AListShowsItsIconsInFrontOfTheirRows) {
+    Form form("frmLook", "Aussehen", {});
+    ListView list(form, "list", {{"Name", 20}}, {});
+    list.move(Rect::at(0, 0, 300, 200));
+    const int size = metricsOf(form).iconSize;
+    list.setIcons({plain(size, 0xFFCC0000), plain(size, 0xFF00AA00), plain(size, 0x00FFFFFF)});
+    list.icon = [](int row) { return row <= 3 ? row - 1 : -1; };
+    list.cell = [](int row, int) { return "Bild" + std::to_string(row); };
+    list.setCount(4);
+    form.show();
+    const Shot shot(list);
+    const auto coloured = [&](int row, Colour colour) {
+        const Point text = user::pointOf(list, row);
+        return shot.count(Rect::at(0, text.y - size / 2, text.x, size), colour);
+    };
+    EXPECT_GE(coloured(1, 0xCC0000), size * size / 2);
+    EXPECT_GE(coloured(2, 0x00AA00), size * size / 2);
+    EXPECT_EQ(coloured(2, 0xCC0000), 0);
+    EXPECT_EQ(coloured(3, 0xFFFFFF), coloured(4, 0xFFFFFF)) << "transparent, or none";
+}
+
+TEST(Look, ControlsOnATabsPageHaveItsGround) {
+    Form form("frmLook", "Aussehen", {});
+    TabStrip tabs(form, "tabs", {"Eins"});
+    tabs.move(Rect::at(0, 0, 300, 200));
+    Panel page(form, "page");
+    page.move(tabs.pageArea());
+    Label label(page, "label", "Text");
+    CheckBox box(page, "box", "Kasten");
+    Slider slider(page, "slider");
+    int y = 10;
+    for (Control* control : std::initializer_list<Control*>{&label, &box, &slider}) {
+        control->move(Rect::at(10, y, 200, 30));
+        y += 40;
+    }
+    form.show();
+    const Shot shot(page);
+    const Colour ground = shot.at(2, 2);
+    EXPECT_EQ(Shot(tabs).at(150, 195), ground) << "the tab's own page";
+    for (const int top : {10, 50, 90}) EXPECT_EQ(shot.at(205, top + 2), ground) << top;
+    EXPECT_LT(shot.count(Rect::at(10, 10, 60, 30), ground), 60 * 30) << "the label's text";
+}
+
+TEST(Look, AClosedComboBoxIsAsHighAsItsBounds) {
+    Form form("frmLook", "Aussehen", {});
+    for (const auto style : {ComboBox::Style::editable, ComboBox::Style::list}) {
+        ComboBox box(form, "box", style);
+        const int usual = metricsOf(form).comboHeight;
+        for (const int height : {usual, usual + 7, usual}) {
+            box.move(Rect::at(0, 0, 100, height));
+            EXPECT_EQ(box.bounds(), Rect::at(0, 0, 100, height));
+        }
+        box.add(std::vector<std::string>(50, "Eintrag"));
+        box.native().send(CB_SHOWDROPDOWN, TRUE);
+        RECT list{};
+        box.native().send(CB_GETDROPPEDCONTROLRECT, 0, &list);
+        EXPECT_GT(list.bottom - list.top, 5 * usual);
+        EXPECT_LT(list.bottom - list.top, 40 * usual);
+    }
+}
+
+struct OtherMonitor : testing::Test {
+    Form form{"frmLook", "Aussehen", {}};
+    Panel page{form, "page"};
+    Label label{page, "label", "Text"};
+    Button bold{page, "bold", "Text"};
+    ListView list{page, "list", {{"Name", 20}}, {}};
+    int layouts = 0;
+
+    OtherMonitor() {
+        bold.setFont({.face = "Segoe UI", .tenthPoints = 120, .bold = true});
+        form.show();
+        user::pump();
+        form.onResize = [this] { ++layouts; };
+    }
+    void moveTo(int dpi) {
+        const RECT suggested{10, 20, 810, 620};
+        form.native().send(WM_DPICHANGED, MAKEWPARAM(dpi, dpi), &suggested);
+    }
+    static LONG fontHeight(const Control& control) {
+        LOGFONTW font{};
+        GetObjectW(reinterpret_cast<HFONT>(control.native().send(WM_GETFONT)), sizeof font, &font);
+        return -font.lfHeight;
+    }
+    int columnWidth() const { return static_cast<int>(list.native().send(LVM_GETCOLUMNWIDTH)); }
+};
+
+TEST_F(OtherMonitor, ScalesFontsMetricsAndColumns) {
+    const LONG before = fontHeight(label);
+    const Metrics at96 = metricsOf(form);
+    const int column = columnWidth();
+    const std::string layout = list.layout();
+    ASSERT_EQ(fontHeight(bold), 16);
+    moveTo(192);
+    EXPECT_EQ(fontHeight(label), 2 * before);
+    EXPECT_EQ(fontHeight(bold), 32);
+    EXPECT_EQ(bold.font().tenthPoints, 120);
+    EXPECT_EQ(metricsOf(label).dpi, 192);
+    EXPECT_GT(metricsOf(form).lineHeight, at96.lineHeight * 3 / 2);
+    EXPECT_GT(metricsOf(form).comboHeight, at96.comboHeight * 5 / 4);
+    EXPECT_EQ(columnWidth(), 2 * column);
+    EXPECT_EQ(list.layout(), layout) << "kept for any resolution";
+    EXPECT_GE(layouts, 1);
+    EXPECT_EQ(form.bounds(), (Rect{10, 20, 810, 620}));
+    moveTo(96);
+    EXPECT_EQ(fontHeight(label), before);
+    EXPECT_EQ(columnWidth(), column);
+}
+
+TEST_F(OtherMonitor, FollowsTheUsersSettings) {
+    for (const UINT message : {WM_SETTINGCHANGE, WM_THEMECHANGED, WM_SYSCOLORCHANGE}) {
+        layouts = 0;
+        form.native().send(message);
+        EXPECT_EQ(layouts, 1) << message;
+        EXPECT_EQ(reinterpret_cast<HFONT>(label.native().send(WM_GETFONT)),
+                  form.native().form().windowFont());
+    }
+}
+
+}  // namespace
