@@ -36,11 +36,15 @@ HWND ComboBoxWindow::keyWindow() const {
 // its field.
 void ComboBoxWindow::move(Rect wanted) {
     Native::move(wanted);
-    const int difference = wanted.height() - bounds().height();
-    if (difference == 0 || wanted.height() <= 0) return;
     constexpr auto field = static_cast<WPARAM>(-1);
-    const auto height = static_cast<int>(send(CB_GETITEMHEIGHT, field)) + difference;
-    if (height > 0) send(CB_SETITEMHEIGHT, field, height);
+    // Some systems count a part of the frame when asked that they do not count when told.
+    auto height = static_cast<int>(send(CB_GETITEMHEIGHT, field));
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        const int difference = wanted.height() - bounds().height();
+        height += difference;
+        if (difference == 0 || height <= 0) return;
+        send(CB_SETITEMHEIGHT, field, height);
+    }
 }
 
 void ComboBoxWindow::fontChanged() {

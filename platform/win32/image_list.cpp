@@ -9,11 +9,23 @@ namespace platform::win32 {
 
 namespace {
 
+/// One bit a pixel, set where it is transparent, for systems that know no transparency by degrees; they also
+/// go by it when no pixel of the picture is opaque at all.
+UniqueBitmap makeMask(const IconImage& image) {
+    const auto side = static_cast<std::size_t>(image.size);
+    const std::size_t stride = (side + 15) / 16 * 2;  // bytes of a row: whole words
+    std::vector<unsigned char> bits(stride * side);
+    for (std::size_t y = 0; y < side; ++y)
+        for (std::size_t x = 0; x < side; ++x)
+            if (image.pixels[y * side + x] < 0x80000000)
+                bits[y * stride + x / 8] |= static_cast<unsigned char>(0x80 >> x % 8);
+    return UniqueBitmap(require(CreateBitmap(image.size, image.size, 1, 1, bits.data()), "Symbol anlegen"));
+}
+
 UniqueIcon makeIcon(const IconImage& image) {
     const BitmapDc colours({image.size, image.size});
     std::copy(image.pixels.begin(), image.pixels.end(), colours.row(0));
-    // Where the system does not know transparency by degrees, a mask of one bit decides.
-    const UniqueBitmap mask(require(CreateBitmap(image.size, image.size, 1, 1, nullptr), "Symbol anlegen"));
+    const UniqueBitmap mask = makeMask(image);
     ICONINFO info{};
     info.fIcon = TRUE;
     info.hbmColor = colours.bitmap();

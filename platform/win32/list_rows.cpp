@@ -59,6 +59,12 @@ void ListWindow::setCount(int rows) {
 void ListWindow::setIcons(const std::vector<IconImage>& icons) {
     std::vector<const IconImage*> images;
     for (const IconImage& icon : icons) images.push_back(&icon);
+    // Rows without an icon begin where the others do; not every list view sees to that.
+    const int size = icons.empty() ? 1 : icons.front().size;
+    const IconImage empty{
+        size, std::vector<std::uint32_t>(static_cast<std::size_t>(size) * static_cast<std::size_t>(size))};
+    images.push_back(&empty);
+    noIcon_ = static_cast<int>(icons.size());
     UniqueImageList made = makeImageList(images);
     send(LVM_SETIMAGELIST, LVSIL_SMALL, made.get());
     icons_ = std::move(made);  // the list does not own them

@@ -94,7 +94,8 @@ LRESULT ListWindow::follow(const Message& m) {
     const LRESULT result = passOn(m);
     --userAction_;
     // A click on the one selected row may deselect it and select it again.
-    if (selectedCount() == countBefore && countBefore <= 1 && firstBefore == firstSelected()) changed_ = false;
+    if (selectedCount() == countBefore && countBefore <= 1 && firstBefore == firstSelected())
+        changed_ = false;
     if (changed_) raise(list().onSelectionChange);
     return result;
 }
@@ -155,7 +156,10 @@ void ListWindow::supplyCell(NMLVDISPINFOW& info) {
         const std::size_t length = text.copy(item.pszText, static_cast<std::size_t>(item.cchTextMax) - 1);
         item.pszText[length] = L'\0';
     }
-    if ((item.mask & LVIF_IMAGE) && item.iSubItem == 0) item.iImage = ask(list().icon, -1, wanted);
+    if ((item.mask & LVIF_IMAGE) && item.iSubItem == 0) {
+        const int image = ask(list().icon, -1, wanted);
+        item.iImage = image < 0 ? noIcon_ : image;
+    }
 }
 
 // Letters typed quickly choose the next row whose name begins with them.
@@ -218,7 +222,7 @@ void ListWindow::editLabel(int wanted) {
     if (endingEdit_)
         PostMessageW(window, editLabelMessage, static_cast<WPARAM>(wanted), 0);
     else if (usable() && form().visible && options_.editLabels) {
-        const Quiet quiet(*this);   // some systems select the row, too
+        const Quiet quiet(*this);  // some systems select the row, too
         SetFocus(window);
         ensureVisible(wanted);
         send(LVM_EDITLABELW, static_cast<WPARAM>(index(wanted)));

@@ -78,6 +78,7 @@ class ListWindow : public Control::Native {
 
     ListView::Options options_;
     UniqueImageList icons_;
+    int noIcon_ = I_IMAGENONE;  // an empty picture at the end of the icons
     int columnCount_;
     int laidOutFor_;        // resolution of the column widths
     int userAction_ = 0;    // brackets around what the user does

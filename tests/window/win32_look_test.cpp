@@ -100,8 +100,11 @@ TEST(Look, AClosedComboBoxIsAsHighAsItsBounds) {
         }
         box.add(std::vector<std::string>(50, "Eintrag"));
         box.native().send(CB_SHOWDROPDOWN, TRUE);
+        COMBOBOXINFO info{};
+        info.cbSize = sizeof info;
+        ASSERT_TRUE(GetComboBoxInfo(box.native().window, &info));
         RECT list{};
-        box.native().send(CB_GETDROPPEDCONTROLRECT, 0, &list);
+        GetWindowRect(info.hwndList, &list);
         EXPECT_GT(list.bottom - list.top, 5 * usual);
         EXPECT_LT(list.bottom - list.top, 40 * usual);
     }
