@@ -34,6 +34,12 @@ struct Units : Metrics {
     Rect label(int x, int y, int width) const {
         return Rect::at(x, y + (row() - lineHeight) / 2, width, lineHeight + px(1));
     }
+    /// A text box in a row: no higher than its line of text needs, which it shows at its top.
+    Rect box(int left, int y, int right) const {
+        const int height = std::min(row(), lineHeight + px(8));
+        const int top = y + (row() - height) / 2;
+        return {left, top, right, top + height};
+    }
     template <class Captioned>
     int buttonWidth(const Captioned& button) const {
         return std::max(px(64), platform::textWidth(button, button.caption()) + px(20));
@@ -123,7 +129,7 @@ void frmStich::layOutFiles(int width, int height) {
     const int labelWidth = u.labelWidth(lblPath);
     lblPath.move(u.label(edge, edge, labelWidth));
     btnPath.move(Rect::at(right - u.px(28), edge, u.px(28), u.row()));
-    txtPath.move({edge + labelWidth + u.gap(), edge, right - u.px(28) - u.gap(), edge + u.row()});
+    txtPath.move(u.box(edge + labelWidth + u.gap(), edge, right - u.px(28) - u.gap()));
 
     const int listTop = edge + u.row() + u.gap();
     const int checkTop = height - edge - u.row();
@@ -136,7 +142,7 @@ void frmStich::layOutFiles(int width, int height) {
     ListView2.move({columnLeft + column + u.gap(), listTop, right, listBottom});
 
     const int countWidth = platform::textWidth(txtPicCount, "100000 Elemente") + u.px(10);
-    txtPicCount.move(Rect::at(right - countWidth, checkTop, countWidth, u.row()));
+    txtPicCount.move(u.box(right - countWidth, checkTop, right));
     chkDouble.move({edge, checkTop, right - countWidth - u.gap(), checkTop + u.row()});
 }
 
@@ -151,7 +157,7 @@ void frmStich::layOutClasses(int width, int height) {
     lblStdClass.move(u.label(edge, standardTop, labelWidth));
     cboStdClass.move({fieldLeft, standardTop, right, standardTop + u.row()});
     lblCDescription.move(u.label(edge, descriptionTop, labelWidth));
-    txtCDescription.move({fieldLeft, descriptionTop, right, descriptionTop + u.row()});
+    txtCDescription.move(u.box(fieldLeft, descriptionTop, right));
 
     const int listBottom = descriptionTop - u.gap();
     const int column = u.buttonWidth(btnCRename);
@@ -166,7 +172,7 @@ void frmStich::layOutROIs(int width, int height) {
     const int labelWidth = u.labelWidth(lblROIDescription);
     const int descriptionTop = height - edge - u.row();
     lblROIDescription.move(u.label(edge, descriptionTop, labelWidth));
-    txtROIDescription.move({edge + labelWidth + u.gap(), descriptionTop, right, descriptionTop + u.row()});
+    txtROIDescription.move(u.box(edge + labelWidth + u.gap(), descriptionTop, right));
 
     const int numbersTop = descriptionTop - u.gap() - u.row();
     const int captionTop = numbersTop - u.px(2) - u.lineHeight;
@@ -178,7 +184,7 @@ void frmStich::layOutROIs(int width, int height) {
     for (const auto& [label, box] : numbers) {
         const int numberLabel = u.labelWidth(*label);
         label->move(u.label(x, numbersTop, numberLabel));
-        box->move({x + numberLabel, numbersTop, x + share - u.gap(), numbersTop + u.row()});
+        box->move(u.box(x + numberLabel, numbersTop, x + share - u.gap()));
         x += share;
     }
 
@@ -204,8 +210,8 @@ void frmStich::layOutRight(Rect area) {
     const int infoTop = sizeTop - u.gap() - u.row();
     const int sizeWidth = std::min(platform::textWidth(txtSize, "10000 x 10000 Pixel, 24 Bit Farbtiefe") + u.px(12),
                                    area.width());
-    txtInfo.move({area.left, infoTop, area.right, infoTop + u.row()});
-    txtSize.move(Rect::at(area.left, sizeTop, sizeWidth, u.row()));
+    txtInfo.move(u.box(area.left, infoTop, area.right));
+    txtSize.move(u.box(area.left, sizeTop, area.left + sizeWidth));
     const int hintLeft = area.left + sizeWidth + u.px(8);
     lblHint.move(u.label(hintLeft, sizeTop, std::max(0, area.right - hintLeft)));
 

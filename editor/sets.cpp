@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "editor/frmStich.h"
+#include "editor/notify_suite.h"
 #include "editor/set_io.h"
 #include "platform/application.h"
 #include "platform/dialogs.h"
@@ -126,6 +127,7 @@ bool frmStich::SaveSetAs(const std::string& name) {
         return false;
     }
     offerSaved(name);
+    NotifySuite();
     return true;
 }
 

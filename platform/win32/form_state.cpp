@@ -57,6 +57,7 @@ void FormWindow::show() {
         visible = true;
         send(WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0));
         if (options_.dialog && !placed_) centreOverOwner();
+        raise(owner().onResize);  // once it can be seen, every move of a control costs a repaint
         ShowWindow(window, SW_SHOW);
     } else if (IsIconic(window)) {
         ShowWindow(window, SW_RESTORE);

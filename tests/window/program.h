@@ -8,14 +8,14 @@
 /// The real program in a process of its own, driven from outside as a screen reader or a script would.
 class Program {
   public:
-    /// Starts `executable` and waits for its window; `window()` is null when none came.
-    Program(const std::string& executable, const std::string& argument = {});
+    explicit Program(const std::string& executable, const std::string& argument = {});
     /// Ends the process if it still runs.
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    HWND window() const { return window_; }
+    /// Waits for the editor's window; false when none comes.
+    bool opens();
     /// The control of that name, at whatever depth; null when there is none.
     HWND control(const char* name, HWND form = nullptr) const;
     static std::string text(HWND window);

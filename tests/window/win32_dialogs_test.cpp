@@ -53,7 +53,7 @@ bool choosePath(HWND dialog, const std::string& path) {
 struct SystemDialogs : testing::Test {
     Form form{"frmDialogs", "Dialoge", {}};
     support::TempFolder folder;
-    const MessageHandler before = setMessageHandler({});   // the system's own
+    const MessageHandler before = setMessageHandler({});  // the system's own
     SystemDialogs() { form.show(); }
     ~SystemDialogs() override { setMessageHandler(before); }
 };
