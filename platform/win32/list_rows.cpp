@@ -58,6 +58,7 @@ void ListWindow::setCount(int rows) {
 
 void ListWindow::setIcons(const std::vector<IconImage>& icons) {
     std::vector<const IconImage*> images;
+    images.reserve(icons.size() + 1);
     for (const IconImage& icon : icons) images.push_back(&icon);
     // Rows without an icon begin where the others do; not every list view sees to that.
     const int size = icons.empty() ? 1 : icons.front().size;

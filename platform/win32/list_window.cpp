@@ -23,6 +23,27 @@ MouseButton buttonOf(UINT message) {
     return detail::buttonOf(message);
 }
 
+struct SelectionColours {
+    COLORREF text, background;
+};
+
+bool isHighContrast() {
+    HIGHCONTRASTW contrast{sizeof contrast, 0, nullptr};
+    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) != 0 &&
+           (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+/// The system's highlight, a third of it over the window's background.
+SelectionColours quietSelection() {
+    const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
+    if (isHighContrast()) return {GetSysColor(COLOR_HIGHLIGHTTEXT), highlight};
+    const COLORREF window = GetSysColor(COLOR_WINDOW);
+    const auto mixed = [](BYTE over, BYTE below) { return static_cast<BYTE>((over + 2 * below) / 3); };
+    return {GetSysColor(COLOR_WINDOWTEXT), RGB(mixed(GetRValue(highlight), GetRValue(window)),
+                                               mixed(GetGValue(highlight), GetGValue(window)),
+                                               mixed(GetBValue(highlight), GetBValue(window)))};
+}
+
 }  // namespace
 
 ListWindow::ListWindow(Native* parentWindow, const std::string& controlName,
@@ -65,9 +86,25 @@ Handled ListWindow::notify(NMHDR& header) {
         onNotify<NM_DBLCLK, &ListWindow::doubleClicked>(),
         onNotify<LVN_COLUMNCLICK, &ListWindow::columnClicked>(),
         onNotify<LVN_ENDLABELEDITW, &ListWindow::labelEdited>(),
+        onNotify<NM_CUSTOMDRAW, &ListWindow::draw>(),
     };
     if (!control) return std::nullopt;
     return dispatch(*this, routes, header);
+}
+
+// The system paints the selection of a list without the focus so faintly that the current item is hard to
+// find, and the focus is on the class buttons most of the day.
+Handled ListWindow::draw(NMLVCUSTOMDRAW& drawing) {
+    if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT)
+        return ::GetFocus() == window ? CDRF_DODEFAULT : CDRF_NOTIFYITEMDRAW;
+    if (drawing.nmcd.dwDrawStage == CDDS_ITEMPREPAINT &&
+        selected(row(static_cast<LRESULT>(drawing.nmcd.dwItemSpec)))) {
+        drawing.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
+        const SelectionColours colours = quietSelection();
+        drawing.clrText = colours.text;
+        drawing.clrTextBk = colours.background;
+    }
+    return CDRF_DODEFAULT;
 }
 
 // Real Windows follows the mouse inside this message, until the button is up again or a drag begins.

@@ -71,6 +71,7 @@ class ListWindow : public Control::Native {
     void doubleClicked(NMITEMACTIVATE& click);
     void columnClicked(NMLISTVIEW& click);
     Handled labelEdited(NMLVDISPINFOW& info);
+    Handled draw(NMLVCUSTOMDRAW& drawing);
 
     void selectionChanged(int row);
     void setState(int index, UINT state, UINT mask);

@@ -16,7 +16,7 @@ int clamped(std::int64_t value) {
     return static_cast<int>(std::min<std::int64_t>(value, std::numeric_limits<int>::max()));
 }
 
-class ScrollBarWindow : public RangeWindow {
+class ScrollBarWindow final : public RangeWindow {
   public:
     ScrollBarWindow(Native* parentWindow, const std::string& controlName, ScrollBar::Direction direction)
         : RangeWindow(parentWindow, controlName) {

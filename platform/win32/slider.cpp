@@ -8,7 +8,7 @@ namespace win32 {
 
 namespace {
 
-class SliderWindow : public RangeWindow {
+class SliderWindow final : public RangeWindow {
   public:
     SliderWindow(Native* parentWindow, const std::string& controlName)
         : RangeWindow(parentWindow, controlName) {
