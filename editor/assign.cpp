@@ -63,8 +63,16 @@ std::string withPlainEnding(const std::string& file) {
 }  // namespace
 
 void frmStich::showPicture(const std::string& file) {
-    lblHint.setCaption("");
+    tell("");
     kvPictureBox1.LoadPic(withPlainEnding(file));
+}
+
+// The line under the picture is there only while it has something to say.
+void frmStich::tell(const std::string& hint) {
+    lblHint.setCaption(hint);
+    if (lblHint.visible() == !hint.empty()) return;
+    lblHint.setVisible(!hint.empty());
+    layOut();
 }
 
 void frmStich::NumberItems() {

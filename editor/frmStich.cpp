@@ -93,9 +93,10 @@ frmStich::frmStich(const shell::Environment& environment)
       Slider1(form, "Slider1"),
       kvPictureBox1(form, "kvPictureBox1"),
       kvButtonList1(form, "kvButtonList1"),
+      lblHint(form, "lblHint", {}, Label::Style::plain),
       txtInfo(form, "txtInfo", TextBox::Style::readOnly),
       txtSize(form, "txtSize", TextBox::Style::readOnly),
-      lblHint(form, "lblHint", {}, Label::Style::plain),
+      chkStretch(form, "chkStretch", "e&inpassen"),
       Datei1("*.bmp;*.jpg"),
       Timer1(form),
       Timer2(form),
@@ -120,6 +121,7 @@ void frmStich::Form_Initialize() {
     SetItemCount(0);
     enableClassButtons();
     showRegion(0);
+    lblHint.setVisible(false);
 
     btn.setToolTip("ausgewählte Bilder aufnehmen");
     btn_A.setToolTip("alle Bilder aufnehmen");
@@ -127,6 +129,7 @@ void frmStich::Form_Initialize() {
     btnRA.setToolTip("alle Bilder entfernen");
     btnPath.setToolTip("Quellverzeichnis wählen");
     btnGrab.setToolTip("Bilder aufnehmen");
+    chkStretch.setToolTip("Bild ganz zeigen, so groß wie möglich");
     ListView1.setAccessibleName("Bilder des Quellverzeichnisses");
     ListView2.setAccessibleName("Bilder der Stichprobe");
     lvCClasses.setAccessibleName("Klassen");
@@ -197,7 +200,8 @@ void frmStich::connectPicture() {
         showGeometry(X, Y, dX, dY);
         set_.regionMoved();
     };
-    kvPictureBox1.onLoadFailed = [this](const std::string& reason) { lblHint.setCaption(reason); };
+    kvPictureBox1.onLoadFailed = [this](const std::string& reason) { tell(reason); };
+    chkStretch.onClick = [this] { kvPictureBox1.Stretch(chkStretch.checked()); };
 
     Toolbar1.onButtonClick = [this](const platform::Toolbar::Button& button) { Toolbar1_ButtonClick(button.key); };
     Toolbar1.onMenuClick = [this](const auto&, const platform::Toolbar::MenuEntry& entry) { Toolbar1_MenuClick(entry); };

@@ -153,8 +153,9 @@ class frmStich : public shell::EditorWindow {
     platform::Slider Slider1;
     controls::kvPictureBox kvPictureBox1;
     controls::kvButtonList kvButtonList1;
-    platform::TextBox txtInfo, txtSize;
     platform::Label lblHint;
+    platform::TextBox txtInfo, txtSize;
+    platform::CheckBox chkStretch;
 
     FileListBox Datei1;
     platform::Timer Timer1, Timer2;
@@ -231,6 +232,7 @@ class frmStich : public shell::EditorWindow {
     void samplesChanged();
 
     void showPicture(const std::string& path);
+    void tell(const std::string& hint);
     void Toolbar1_ButtonClick(const std::string& key);
     void Toolbar1_MenuClick(const platform::Toolbar::MenuEntry& entry);
     void runShow(bool run);

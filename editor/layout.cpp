@@ -208,15 +208,17 @@ void frmStich::layOutRight(Rect area) {
 
     const int sizeTop = area.bottom - u.row();
     const int infoTop = sizeTop - u.gap() - u.row();
+    const int stretchWidth = platform::textWidth(chkStretch, "einpassen") + u.px(26);
     const int sizeWidth = std::min(platform::textWidth(txtSize, "10000 x 10000 Pixel, 24 Bit Farbtiefe") + u.px(12),
-                                   area.width());
+                                   area.width() - stretchWidth - u.gap());
     txtInfo.move(u.box(area.left, infoTop, area.right));
     txtSize.move(u.box(area.left, sizeTop, area.left + sizeWidth));
-    const int hintLeft = area.left + sizeWidth + u.px(8);
-    lblHint.move(u.label(hintLeft, sizeTop, std::max(0, area.right - hintLeft)));
+    chkStretch.move({area.right - stretchWidth, sizeTop, area.right, sizeTop + u.row()});
+    const int hintTop = infoTop - u.gap() - (lblHint.visible() ? u.lineHeight + u.px(1) : 0);
+    lblHint.move({area.left, hintTop, area.right, hintTop + u.lineHeight + u.px(1)});
 
     const int pictureTop = area.top + barHeight + u.gap();
-    const int pictureBottom = infoTop - u.gap();
+    const int pictureBottom = lblHint.visible() ? hintTop - u.gap() : infoTop - u.gap();
     const int buttonsLeft = area.right - classButtonsWidth(area.width());
     kvPictureBox1.move({area.left, pictureTop, buttonsLeft - u.gap(), pictureBottom});
     kvButtonList1.move({buttonsLeft, pictureTop, area.right, pictureBottom});

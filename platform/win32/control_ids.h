@@ -30,7 +30,6 @@ inline constexpr ControlId controlIds[] = {
     {"btnPath", 1103},
     {"ListView1", 1104},
     {"btn", 1105},
-    {"btn_", 1106},
     {"btn_A", 1107},
     {"btnR", 1108},
     {"btnRA", 1109},
@@ -79,6 +78,7 @@ inline constexpr ControlId controlIds[] = {
     {"kvButtonList1", 1410},
     {"txtInfo", 1411},
     {"txtSize", 1412},
+    {"chkStretch", 1413},
     // dialogs
     {"lblTop", 1500},
     {"lblQuestion", 1501},

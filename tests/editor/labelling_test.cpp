@@ -116,6 +116,8 @@ TEST_F(Labelling, PictureLinesTellWhatIsShown) {
     EXPECT_EQ(w.txtSize.text(), "640 x 480 Pixel, 24 Bit Farbtiefe");
     w.SetPicSize(0, 0, 1, 24);
     EXPECT_EQ(w.txtSize.text(), "");
+    user::check(w.chkStretch, true);
+    EXPECT_TRUE(w.kvPictureBox1.Stretch());
     w.SetItemCount(12);
     EXPECT_EQ(w.txtPicCount.text(), "12 Elemente");
     w.SetItemCount(0);

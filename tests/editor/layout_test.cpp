@@ -27,7 +27,7 @@ class Layout : public EditorTest {
         auto& w = window();
         return {&w.lblSets, &w.cboSets,  &w.btnSave, &w.btnGrab,       &w.btnOK,          &w.btnAbbr,
                 &w.TabStrip1, &w.lblROI, &w.cboROI,  &w.lvCItems,      &w.Toolbar1,       &w.txtTime,
-                &w.Slider1, &w.txtInfo,  &w.txtSize, &w.kvPictureBox1, &w.kvButtonList1, &w.kvBar2.control(),
+                &w.Slider1, &w.lblHint, &w.txtInfo,  &w.txtSize, &w.chkStretch,    &w.kvPictureBox1, &w.kvButtonList1, &w.kvBar2.control(),
                 &w.kvBar3.control()};
     }
     static void expectApart(const std::vector<const Control*>& controls, platform::Size room) {
@@ -51,6 +51,7 @@ class Layout : public EditorTest {
 TEST_F(Layout, NothingIsCutOffOrOverlapsAtAnySize) {
     ASSERT_TRUE(start(makeSet("A", {.classes = {"gut", "ein sehr langer Klassenname mit vielen Zeichen darin"}})));
     auto& w = window();
+    w.kvPictureBox1.onLoadFailed("Das Bild kann nicht gelesen werden.");
     for (const platform::Size client : {platform::Size{624, 361}, {1000, 660}, {1900, 1000}}) {
         for (const auto& [bar2, bar3] : {std::pair{360, 360}, {0, 0}, {5000, 5000}}) {
             w.kvBar2.setPosition(bar2);
