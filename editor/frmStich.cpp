@@ -86,7 +86,7 @@ frmStich::frmStich(const shell::Environment& environment)
       kvBar3(form, "kvBar3", SplitterBar::Direction::horizontal),
       lblROI(form, "lblROI", "Be&reich:"),
       cboROI(form, "cboROI", ComboBox::Style::list),
-      lvCItems(form, "lvCItems", {{"Element", 15}, {"Klasse", 11}, {"Verzeichnis", 11}, {"Nr.", 6, rightAligned}}, {}),
+      lvCItems(form, "lvCItems", {{"Element", 14}, {"Klasse", 10}, {"Verzeichnis", 10}, {"Nr.", 5, rightAligned}}, {}),
       kvBar2(form, "kvBar2", SplitterBar::Direction::vertical),
       Toolbar1(form, "Toolbar1"),
       txtTime(form, "txtTime", {}, Label::Style::plain),
