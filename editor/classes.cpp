@@ -4,7 +4,6 @@
 #include "editor/mListView.h"
 #include "model/set_file_names.h"
 #include "platform/dialogs.h"
-#include "platform/text.h"
 
 namespace editor {
 
@@ -14,9 +13,21 @@ namespace message = platform::message;
 
 }  // namespace
 
-bool frmStich::refuseName() {
+bool frmStich::refuseName(platform::ListView& list, int row) {
     say("Bezeichnung ist bereits vorhanden.\r\nBitte geben Sie eine eindeutige Bezeichnung ein!", message::critical);
+    list.editLabel(row);
     return false;
+}
+
+void frmStich::editName(platform::ListView& list) {
+    const int row = mListView::GetSelectedIndex(list);
+    if (row == 0) return;
+    list.focus();
+    list.editLabel(row);
+}
+
+bool frmStich::confirmDeletion(const std::string& name) {
+    return say("Soll \"" + name + "\" wirklich gelöscht werden?", message::yesNo | message::question) == message::yes;
 }
 
 void frmStich::showClasses() {
@@ -61,24 +72,13 @@ void frmStich::btnCNew_Click() {
 
     lvCClasses.selectOnly(row);
     lvCClasses_ItemClick(row);
-    lvCClasses.focus();
-    lvCClasses.editLabel(row);
+    editName(lvCClasses);
 }
 
-void frmStich::btnCRename_Click() {
-    const int row = mListView::GetSelectedIndex(lvCClasses);
-    if (row == 0) return;
-    lvCClasses.focus();
-    lvCClasses.editLabel(row);
-}
+void frmStich::btnCRename_Click() { editName(lvCClasses); }
 
 bool frmStich::lvCClasses_AfterLabelEdit(int row, const std::string& text) {
-    for (int other = 1; other <= set_.classCount(); ++other) {
-        if (other == row || !platform::text::equalNoCase(set_.classRow(other).name, text)) continue;
-        refuseName();
-        lvCClasses.editLabel(row);
-        return false;
-    }
+    if (set_.findClass(text, row) != 0) return refuseName(lvCClasses, row);
     set_.renameClass(row, text);
     cboStdClass.replace(row - 1, text);
     kvButtonList1.Rename(static_cast<std::int16_t>(row - 1), text);
@@ -91,11 +91,8 @@ void frmStich::lvCClasses_KeyDown(int key) {
     const int row = mListView::GetSelectedIndex(lvCClasses);
     if (row == 0) return;
     if (key == platform::keyCode::f2) btnCRename_Click();
-    if (key == platform::keyCode::del && btnCDel.enabled()) {
-        const int answer = say("Soll \"" + set_.classRow(row).name + "\" wirklich gelöscht werden?",
-                               message::yesNo | message::question);
-        if (answer == message::yes) btnCDel_Click();
-    }
+    const bool deletes = key == platform::keyCode::del && btnCDel.enabled();
+    if (deletes && confirmDeletion(set_.classRow(row).name)) btnCDel_Click();
 }
 
 void frmStich::btnCDel_Click() {

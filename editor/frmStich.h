@@ -213,7 +213,9 @@ class frmStich : public shell::EditorWindow {
     void cboStdClass_Click();
     void showStandardClass();
     void enableClassButtons();
-    bool refuseName();
+    bool refuseName(platform::ListView& list, int row);
+    void editName(platform::ListView& list);
+    bool confirmDeletion(const std::string& name);
 
     void showRegions();
     void showRegion(int row);

@@ -11,10 +11,12 @@ namespace editor {
 namespace {
 
 template <class Rows>
-int findName(const Rows& rows, std::string_view name) {
-    const auto found =
-        std::find_if(rows.begin(), rows.end(), [&](const auto& row) { return platform::text::equalNoCase(row.name, name); });
-    return found == rows.end() ? 0 : static_cast<int>(found - rows.begin()) + 1;
+int findName(const Rows& rows, std::string_view name, int except) {
+    int row = 0;
+    for (const auto& candidate : rows) {
+        if (++row != except && platform::text::equalNoCase(candidate.name, name)) return row;
+    }
+    return 0;
 }
 
 std::size_t pathHash(std::string_view path) { return std::hash<std::string>{}(platform::text::foldCase(path)); }
@@ -125,8 +127,8 @@ int OpenSet::findSample(std::string_view path) const {
     return found;
 }
 
-int OpenSet::findClass(std::string_view name) const { return findName(classes_, name); }
-int OpenSet::findRegion(std::string_view name) const { return findName(regions_, name); }
+int OpenSet::findClass(std::string_view name, int except) const { return findName(classes_, name, except); }
+int OpenSet::findRegion(std::string_view name, int except) const { return findName(regions_, name, except); }
 
 void OpenSet::addClass(std::string_view name, std::string_view description) {
     classes_.push_back({std::string(name), std::string(description)});

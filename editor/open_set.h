@@ -57,8 +57,8 @@ class OpenSet {
     // Classes -------------------------------------------------------------------------------------------
     int classCount() const { return static_cast<int>(classes_.size()); }
     const Class& classRow(int row) const { return classes_[at(row)]; }
-    /// The row whose name is equal (case does not count), 0 when there is none.
-    int findClass(std::string_view name) const;
+    /// The row other than `except` whose name is equal (case does not count), 0 when there is none.
+    int findClass(std::string_view name, int except = 0) const;
     /// Counts from 0.
     int standardClass() const { return standardClass_; }
 
@@ -73,7 +73,7 @@ class OpenSet {
     // Regions -------------------------------------------------------------------------------------------
     int regionCount() const { return static_cast<int>(regions_.size()); }
     const Region& regionRow(int row) const { return regions_[at(row)]; }
-    int findRegion(std::string_view name) const;
+    int findRegion(std::string_view name, int except = 0) const;   ///< as findClass
 
     /// Every sample gets the first class in it.
     void addRegion(std::string_view name, std::string_view description = {});

@@ -3,12 +3,8 @@
 #include "editor/frmStich.h"
 #include "editor/mListView.h"
 #include "model/set_file_names.h"
-#include "platform/dialogs.h"
-#include "platform/text.h"
 
 namespace editor {
-
-namespace message = platform::message;
 
 std::vector<RegionRect> frmStich::rectangles() const {
     std::vector<RegionRect> result;
@@ -79,20 +75,10 @@ void frmStich::btnROIDel_Click() {
     lvCItems.redrawAll();
 }
 
-void frmStich::btnROIRename_Click() {
-    const int row = mListView::GetSelectedIndex(lvROIs);
-    if (row == 0) return;
-    lvROIs.focus();
-    lvROIs.editLabel(row);
-}
+void frmStich::btnROIRename_Click() { editName(lvROIs); }
 
 bool frmStich::lvROIs_AfterLabelEdit(int row, const std::string& text) {
-    for (int other = 1; other <= set_.regionCount(); ++other) {
-        if (other == row || !platform::text::equalNoCase(set_.regionRow(other).name, text)) continue;
-        refuseName();
-        lvROIs.editLabel(row);
-        return false;
-    }
+    if (set_.findRegion(text, row) != 0) return refuseName(lvROIs, row);
     set_.renameRegion(row, text);
     cboROI.replace(row, text);
     showRegion(selectedRegion_);
@@ -104,11 +90,7 @@ void frmStich::lvROIs_KeyDown(int key) {
     const int row = mListView::GetSelectedIndex(lvROIs);
     if (row == 0) return;
     if (key == platform::keyCode::f2) btnROIRename_Click();
-    if (key == platform::keyCode::del) {
-        const int answer = say("Soll \"" + set_.regionRow(row).name + "\" wirklich gelöscht werden?",
-                               message::yesNo | message::question);
-        if (answer == message::yes) btnROIDel_Click();
-    }
+    if (key == platform::keyCode::del && confirmDeletion(set_.regionRow(row).name)) btnROIDel_Click();
 }
 
 void frmStich::describeRegion() {

@@ -1,4 +1,5 @@
-#include <charconv>
+#include <algorithm>
+#include <string>
 #include <vector>
 
 #include "model/kvTamSampleSet.h"
@@ -50,37 +51,58 @@ class Reader {
     std::string_view fileName_;
 };
 
-/// The class numbers of one region after the other, as they stand in the file: going through all regions for
-/// every sample would jump about in memory.
-using Assignments = std::vector<std::vector<std::int32_t>>;
-
-Assignments readAssignments(const Reader& reader, const Counts& counts) {
-    Assignments regions(static_cast<std::size_t>(counts.rois));
-    for (std::int32_t i = 0; i < counts.rois; ++i) {
-        const std::string name = regionSection(i);
-        const Section& section = reader.section(name);
-        auto& numbers = regions[static_cast<std::size_t>(i)];
-        numbers.reserve(static_cast<std::size_t>(counts.items));
-        for (std::int32_t n = 1; n <= counts.items; ++n) numbers.push_back(reader.number(section, name, n));
+/// Reads the samples a few hundred at a time: one line after the other of each section in turn, as the file
+/// has them, while the samples still lie in the cache.
+class SampleReader {
+  public:
+    SampleReader(const Reader& reader, const Counts& counts, const std::string& appPath)
+        : reader_(reader), counts_(counts), appPath_(appPath) {
+        for (std::int32_t i = 0; i < counts.rois; ++i) {
+            std::string name = regionSection(i);
+            const Section& section = reader.section(name);
+            regions_.push_back({std::move(name), section});
+        }
     }
-    return regions;
-}
 
-kvtamSamples readSamples(const Reader& reader, const Counts& counts, const std::string& appPath) {
-    const Assignments regions = readAssignments(reader, counts);
-    const Section& paths = reader.section(itemsSection);
-    const Section& descriptions = reader.section(itemDescrSection);
-    kvtamSamples samples;
-    samples.Reserve(static_cast<std::size_t>(counts.items));
-    for (std::int32_t n = 1; n <= counts.items; ++n) {
-        kvTamSample& sample = samples.Add(platform::path::resolve(Reader::text(paths, n), appPath),
-                                          std::string(Reader::text(descriptions, n)));
-        sample.ItemClasses.reserve(regions.size());
-        for (const auto& numbers : regions)
-            sample.ItemClasses.push_back(numbers[static_cast<std::size_t>(n - 1)]);
+    kvtamSamples all() {
+        static constexpr std::int32_t most = 256;
+        kvtamSamples samples;
+        samples.Reserve(static_cast<std::size_t>(counts_.items));
+        for (std::int32_t done = 0; done < counts_.items; done = samples.Count()) {
+            addSome(samples, std::min(most, counts_.items - done));
+            for (std::size_t i = 0; i < regions_.size(); ++i) assign(samples, done + 1, i);
+        }
+        return samples;
     }
-    return samples;
-}
+
+  private:
+    struct Region {
+        std::string name;
+        const Section& section;
+    };
+
+    void addSome(kvtamSamples& samples, std::int32_t count) const {
+        for (std::int32_t n = samples.Count() + 1; count > 0; ++n, --count) {
+            kvTamSample& sample = samples.Add(platform::path::resolve(Reader::text(paths_, n), appPath_),
+                                              std::string(Reader::text(descriptions_, n)));
+            sample.ItemClasses.resize(regions_.size());
+        }
+    }
+
+    /// From sample `n` on.
+    void assign(kvtamSamples& samples, std::int32_t n, std::size_t region) const {
+        const auto& [name, section] = regions_[region];
+        for (; n <= samples.Count(); ++n)
+            samples.Item(n).ItemClasses[region] = reader_.number(section, name, n);
+    }
+
+    const Reader& reader_;
+    const Counts& counts_;
+    const std::string& appPath_;
+    const Section& paths_ = reader_.section(itemsSection);
+    const Section& descriptions_ = reader_.section(itemDescrSection);
+    std::vector<Region> regions_;
+};
 
 kvtamClasses readClasses(const Reader& reader, const Counts& counts) {
     kvtamClasses classes;
@@ -126,7 +148,7 @@ void kvTamSampleSet::Read(const platform::ProfileDocument& document, std::string
     const Section& common = reader.section(commonSection);
     const std::int32_t stdClass = reader.number(common, commonSection, stdClassKey, defaultStdClass);
     const bool doubleSelection = reader.number(common, commonSection, doubleSelectionKey, 0) != 0;
-    model::kvtamSamples samples = readSamples(reader, counts, appPath_);
+    model::kvtamSamples samples = SampleReader(reader, counts, appPath_).all();
     model::kvtamClasses classes = readClasses(reader, counts);
     model::kvtamROIs rois = readRegions(reader, counts);
 

@@ -35,14 +35,24 @@ class ProfileDocument {
 
       private:
         friend class ProfileDocument;
+        /// Where a value stands in the text; its key stands before it in the line. A long file has millions:
+        /// what it takes to keep them is what it takes to read it.
         struct Entry {
-            std::uint32_t keyStart, keyLength, valueStart, valueLength;
+            std::uint32_t start, length;
+        };
+        /// Lines with the keys n, n + 1, n + 2, ...
+        struct Run {
+            std::size_t start = 0;
+            std::size_t length = 0;
+            std::uint32_t first = 0;
+            bool has(std::uint32_t number) const { return number - first < length; }
         };
         using Index = std::unordered_map<std::string, std::size_t>;
 
         std::optional<std::size_t> position(std::string_view key) const;
         std::size_t outsideRun(std::size_t index) const;
-        void noteRun(std::size_t index);
+        void append(std::string_view key, std::string_view value);
+        void noteRun(std::size_t index, std::string_view key);
         bool hasRepetitions() const;
         void removeRepetitions();
         void finish();
@@ -50,12 +60,8 @@ class ProfileDocument {
         std::string name_;
         const std::string* text_ = nullptr;
         std::vector<Entry> entries_;
-        // The longest run of lines with the keys n, n + 1, n + 2, ...: these are found by their number.
-        std::size_t runStart_ = 0;
-        std::size_t runLength_ = 0;
-        std::uint32_t runFirst_ = 0;
-        std::size_t lastStart_ = 0;   // the run that the last line stands in
-        std::uint32_t lastFirst_ = 0;
+        Run longest_;                          // its lines are found by their number
+        Run last_;                             // the one that the last line stands in
         std::shared_ptr<const Index> index_;   // of the other lines by their folded key, when there are many
     };
 

@@ -118,10 +118,16 @@ bool isFile(int directory, const dirent& entry) {
     return ::fstatat(directory, entry.d_name, &info, 0) == 0 && !S_ISDIR(info.st_mode);
 }
 
-/// Reads until the end of the file or `count` bytes are there, in pieces of `piece`. False on an error.
-bool readInto(int file, std::string& content, std::size_t count, std::size_t piece) {
+/// How much is read at once: what was just made for it still lies in the cache when it is filled.
+constexpr std::size_t piece = 262144;
+
+/// Reads until the end of the file or `count` bytes are there, first into what is reserved. False on an error.
+bool readInto(int file, std::string& content, std::size_t count) {
     for (std::size_t done = 0; done < count;) {
-        if (done == content.size()) content.resize(done + std::min(count - done, piece));
+        if (done == content.size()) {
+            const std::size_t room = content.capacity() - done;
+            content.resize(done + std::min({count - done, piece, room == 0 ? piece : room}));
+        }
         const ssize_t got = ::read(file, content.data() + done, content.size() - done);
         if (got < 0 && errno == EINTR) continue;
         if (got <= 0) {
@@ -215,12 +221,11 @@ std::string read(std::string_view path) {
     const Descriptor file(::open(systemPath(path).c_str(), O_RDONLY | O_CLOEXEC));
     if (!file) throw cannotRead(path, isMissing(errno), reasonOf(errno));
     struct stat info {};
-    std::size_t piece = 65536;
-    // One byte more than the size, so that the end shows itself without another piece.
-    if (::fstat(file.get(), &info) == 0 && S_ISREG(info.st_mode))
-        piece = static_cast<std::size_t>(info.st_size) + 1;
+    const bool sized = ::fstat(file.get(), &info) == 0 && S_ISREG(info.st_mode);
     std::string content;
-    if (!readInto(file.get(), content, content.max_size(), piece))
+    // One byte more than the size, so that the end shows itself without another piece.
+    content.reserve(sized ? static_cast<std::size_t>(info.st_size) + 1 : piece);
+    if (!readInto(file.get(), content, content.max_size()))
         throw cannotRead(path, false, reasonOf(errno));
     return content;
 }
@@ -228,8 +233,9 @@ std::string read(std::string_view path) {
 std::string readAt(std::string_view path, std::uint64_t offset, std::size_t count) {
     const Descriptor file(::open(systemPath(path).c_str(), O_RDONLY | O_CLOEXEC));
     std::string content;
+    content.reserve(std::min(count, piece));
     if (file && ::lseek(file.get(), static_cast<off_t>(offset), SEEK_SET) >= 0)
-        readInto(file.get(), content, count, count);
+        readInto(file.get(), content, count);
     return content;
 }
 

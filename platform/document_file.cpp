@@ -1,0 +1,41 @@
+#include "platform/document.h"
+
+namespace platform {
+
+const ProfileDocument& ProfileFile::document() {
+    if (!read_) read_ = ProfileDocument::load(fileName_);
+    return *read_;
+}
+
+std::string_view ProfileFile::peek(std::string_view section, std::string_view key,
+                                   std::string_view whenAbsent) {
+    const auto* found = document().findSection(section);
+    return found == nullptr ? whenAbsent : found->find(key).value_or(whenAbsent);
+}
+
+std::string ProfileFile::read(std::string_view section, std::string_view key, std::string_view whenAbsent) {
+    return std::string(peek(section, key, whenAbsent));
+}
+
+std::size_t ProfileFile::lineCount() {
+    return document().lineCount();
+}
+
+void ProfileFile::write(std::string_view section, std::string_view key, std::string_view value) {
+    if (writing_ != section) written_.section(writing_ = section);
+    written_.set(key, value);
+}
+
+void ProfileFile::write(std::string_view section, std::int32_t key, std::int32_t value) {
+    if (writing_ != section) written_.section(writing_ = section);
+    written_.set(key, value);
+}
+
+void ProfileFile::flush() {
+    written_.store(fileName_);
+    written_ = {};
+    writing_.clear();
+    read_.reset();  // the next look reads what is there now
+}
+
+}  // namespace platform
