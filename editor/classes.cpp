@@ -14,7 +14,8 @@ namespace message = platform::message;
 }  // namespace
 
 bool frmStich::refuseName(platform::ListView& list, int row) {
-    say("Bezeichnung ist bereits vorhanden.\r\nBitte geben Sie eine eindeutige Bezeichnung ein!", message::critical);
+    say("Bezeichnung ist bereits vorhanden.\r\nBitte geben Sie eine eindeutige Bezeichnung ein!",
+        message::critical);
     list.editLabel(row);
     return false;
 }
@@ -27,7 +28,8 @@ void frmStich::editName(platform::ListView& list) {
 }
 
 bool frmStich::confirmDeletion(const std::string& name) {
-    return say("Soll \"" + name + "\" wirklich gelöscht werden?", message::yesNo | message::question) == message::yes;
+    return say("Soll \"" + name + "\" wirklich gelöscht werden?", message::yesNo | message::question) ==
+           message::yes;
 }
 
 void frmStich::showClasses() {
@@ -75,7 +77,9 @@ void frmStich::btnCNew_Click() {
     editName(lvCClasses);
 }
 
-void frmStich::btnCRename_Click() { editName(lvCClasses); }
+void frmStich::btnCRename_Click() {
+    editName(lvCClasses);
+}
 
 bool frmStich::lvCClasses_AfterLabelEdit(int row, const std::string& text) {
     if (set_.findClass(text, row) != 0) return refuseName(lvCClasses, row);
@@ -124,9 +128,9 @@ void frmStich::btnCStd_Click() {
         SetStdClass(true);
         return;
     }
-    const int answer = say("Soll gleichzeitig allen Stichprobenelementen \"" + set_.classRow(row).name +
-                               "\" zugewiesen werden?",
-                           message::yesNoCancel | message::question | message::defaultButton2);
+    const int answer = say(
+        "Soll gleichzeitig allen Stichprobenelementen \"" + set_.classRow(row).name + "\" zugewiesen werden?",
+        message::yesNoCancel | message::question | message::defaultButton2);
     if (answer != message::cancel) SetStdClass(answer == message::yes);
 }
 

@@ -22,7 +22,9 @@ void frmStich::Form_Unload() {
     frmError_.reset();
 }
 
-void frmStich::btnOK_Click() { form.unload(); }
+void frmStich::btnOK_Click() {
+    form.unload();
+}
 
 void frmStich::btnAbbr_Click() {
     Timer1.setEnabled(false);
@@ -38,7 +40,8 @@ void frmStich::btnGrab_Click() {
     try {
         platform::application::start(tool);
     } catch (const platform::RuntimeError& failure) {
-        say("\"" + std::string(shell::acquisitionTool) + "\" kann nicht gestartet werden.\r\n" + failure.description(),
+        say("\"" + std::string(shell::acquisitionTool) + "\" kann nicht gestartet werden.\r\n" +
+                failure.description(),
             message::exclamation);
     }
 }

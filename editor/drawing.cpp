@@ -21,7 +21,8 @@ bool insidePolygon(const std::vector<Drawing::Corner>& corners, double x, double
 }  // namespace
 
 Drawing::Drawing(int size)
-    : size_(size), grid_(static_cast<std::size_t>(size * samples) * static_cast<std::size_t>(size * samples)) {}
+    : size_(size),
+      grid_(static_cast<std::size_t>(size * samples) * static_cast<std::size_t>(size * samples)) {}
 
 template <class Inside>
 Drawing& Drawing::fill(Inside inside, std::uint32_t colour) {
@@ -48,7 +49,8 @@ Drawing& Drawing::disc(double x, double y, double radius, std::uint32_t colour) 
     return fill([=](double px, double py) { return std::hypot(px - x, py - y) <= radius; }, colour);
 }
 
-Drawing& Drawing::arc(double x, double y, double radius, double width, double from, double to, std::uint32_t colour) {
+Drawing& Drawing::arc(double x, double y, double radius, double width, double from, double to,
+                      std::uint32_t colour) {
     return fill(
         [=](double px, double py) {
             const double distance = std::hypot(px - x, py - y);

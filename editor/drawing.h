@@ -21,17 +21,18 @@ class Drawing {
     Drawing& box(double left, double top, double right, double bottom, std::uint32_t colour);
     Drawing& disc(double x, double y, double radius, std::uint32_t colour);
     /// The part of a ring between two angles (degrees, clockwise from the right).
-    Drawing& arc(double x, double y, double radius, double width, double from, double to, std::uint32_t colour);
+    Drawing& arc(double x, double y, double radius, double width, double from, double to,
+                 std::uint32_t colour);
 
     platform::IconImage image() const;
 
   private:
-    static constexpr int samples = 4;   // each way within a pixel
+    static constexpr int samples = 4;  // each way within a pixel
     template <class Inside>
     Drawing& fill(Inside inside, std::uint32_t colour);
 
     int size_;
-    std::vector<std::uint32_t> grid_;   // 0 where nothing was drawn, else 0xFFRRGGBB
+    std::vector<std::uint32_t> grid_;  // 0 where nothing was drawn, else 0xFFRRGGBB
 };
 
 }  // namespace editor

@@ -20,7 +20,7 @@ class FileListBox {
     void setPath(const std::string& path);
 
     const std::string& pattern() const { return pattern_; }
-    void setPattern(const std::string& pattern);   ///< raises `onPatternChange`
+    void setPattern(const std::string& pattern);  ///< raises `onPatternChange`
 
     const std::vector<platform::files::Entry>& files() const { return files_; }
 

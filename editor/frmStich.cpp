@@ -86,7 +86,8 @@ frmStich::frmStich(const shell::Environment& environment)
       kvBar3(form, "kvBar3", SplitterBar::Direction::horizontal),
       lblROI(form, "lblROI", "Be&reich:"),
       cboROI(form, "cboROI", ComboBox::Style::list),
-      lvCItems(form, "lvCItems", {{"Element", 14}, {"Klasse", 10}, {"Verzeichnis", 10}, {"Nr.", 5, rightAligned}}, {}),
+      lvCItems(form, "lvCItems",
+               {{"Element", 14}, {"Klasse", 10}, {"Verzeichnis", 10}, {"Nr.", 5, rightAligned}}, {}),
       kvBar2(form, "kvBar2", SplitterBar::Direction::vertical),
       Toolbar1(form, "Toolbar1"),
       txtTime(form, "txtTime", {}, Label::Style::plain),
@@ -203,8 +204,12 @@ void frmStich::connectPicture() {
     kvPictureBox1.onLoadFailed = [this](const std::string& reason) { tell(reason); };
     chkStretch.onClick = [this] { kvPictureBox1.Stretch(chkStretch.checked()); };
 
-    Toolbar1.onButtonClick = [this](const platform::Toolbar::Button& button) { Toolbar1_ButtonClick(button.key); };
-    Toolbar1.onMenuClick = [this](const auto&, const platform::Toolbar::MenuEntry& entry) { Toolbar1_MenuClick(entry); };
+    Toolbar1.onButtonClick = [this](const platform::Toolbar::Button& button) {
+        Toolbar1_ButtonClick(button.key);
+    };
+    Toolbar1.onMenuClick = [this](const auto&, const platform::Toolbar::MenuEntry& entry) {
+        Toolbar1_MenuClick(entry);
+    };
     Slider1.onChange = [this] { Slider1_Change(); };
     Slider1.onScroll = [this] { Slider1_Change(); };
     Timer2.onTick = [this] { Timer2_Tick(); };

@@ -223,7 +223,8 @@ class frmStich : public shell::EditorWindow {
     void lvROIs_KeyDown(int key);
     void describeRegion();
     void showGeometry(std::int32_t X, std::int32_t Y, std::int32_t dX, std::int32_t dY);
-    void kvPictureBox1_ROIselect(std::int32_t index, std::int32_t X, std::int32_t Y, std::int32_t dX, std::int32_t dY);
+    void kvPictureBox1_ROIselect(std::int32_t index, std::int32_t X, std::int32_t Y, std::int32_t dX,
+                                 std::int32_t dY);
 
     void Datei1_PathChange();
     void btnPath_Click();
@@ -245,23 +246,23 @@ class frmStich : public shell::EditorWindow {
     OpenSet set_;
     std::unique_ptr<shell::frmError> frmError_;
 
-    std::string dataDirectory_;   // base of the stored picture paths
-    std::string setsDirectory_;   // with a backslash at its end
+    std::string dataDirectory_;  // base of the stored picture paths
+    std::string setsDirectory_;  // with a backslash at its end
     std::vector<std::string> setNames_;
-    std::string setName_;         // as last committed
+    std::string setName_;  // as last committed
     int setIndex_ = -1;
     bool suppressChooser_ = false;
 
-    std::string PathROI_;      // where cut-outs go
-    bool canCutOut_ = false;   // the script that cuts regions out is there
-    int selectedClass_ = 0;    // row of lvCClasses whose description is shown
-    int selectedRegion_ = 0;   // row of lvROIs, 0 for the whole picture
-    std::vector<platform::files::Entry> sourceFiles_;   // rows of ListView1, as they are sorted now
-    int sourceShift_ = 0;      // Shift argument of the last mouse-down while the button is held
+    std::string PathROI_;                              // where cut-outs go
+    bool canCutOut_ = false;                           // the script that cuts regions out is there
+    int selectedClass_ = 0;                            // row of lvCClasses whose description is shown
+    int selectedRegion_ = 0;                           // row of lvROIs, 0 for the whole picture
+    std::vector<platform::files::Entry> sourceFiles_;  // rows of ListView1, as they are sorted now
+    int sourceShift_ = 0;  // Shift argument of the last mouse-down while the button is held
     bool sortDescending_ = false;
-    bool showingItem_ = false;   // while a picture is on its way to the screen
+    bool showingItem_ = false;  // while a picture is on its way to the screen
     int layoutTicks_ = 0;
-    int iconSize_ = 0;   // pixels, of the icons that are in use
+    int iconSize_ = 0;  // pixels, of the icons that are in use
 };
 
 }  // namespace editor

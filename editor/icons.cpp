@@ -52,7 +52,9 @@ IconImage loop(int size) {
         .image();
 }
 
-IconImage stop(int size) { return Drawing(size).box(3, 3, 13, 13, red).image(); }
+IconImage stop(int size) {
+    return Drawing(size).box(3, 3, 13, 13, red).image();
+}
 
 IconImage openFolder(int size) {
     return Drawing(size)
@@ -71,14 +73,25 @@ Drawing disk(int size) {
     return drawing;
 }
 
-IconImage saveRegion(int size) { return disk(size).box(5, 9, 10, 12.5, blue).image(); }
+IconImage saveRegion(int size) {
+    return disk(size).box(5, 9, 10, 12.5, blue).image();
+}
 
 IconImage saveRegions(int size) {
-    return disk(size).box(4, 8.5, 7, 10.5, blue).box(8, 8.5, 11, 10.5, blue).box(4, 11.5, 7, 13.3, blue).box(8, 11.5, 11, 13.3, blue).image();
+    return disk(size)
+        .box(4, 8.5, 7, 10.5, blue)
+        .box(8, 8.5, 11, 10.5, blue)
+        .box(4, 11.5, 7, 13.3, blue)
+        .box(8, 11.5, 11, 13.3, blue)
+        .image();
 }
 
 IconImage saveEverything(int size) {
-    return disk(size).box(4, 8.5, 11, 9.8, blue).box(4, 10.5, 11, 11.8, green).box(4, 12.3, 11, 13.6, red).image();
+    return disk(size)
+        .box(4, 8.5, 11, 9.8, blue)
+        .box(4, 10.5, 11, 11.8, green)
+        .box(4, 12.3, 11, 13.6, red)
+        .image();
 }
 
 IconImage picture(int size, std::uint32_t frame) {
@@ -93,7 +106,9 @@ IconImage picture(int size, std::uint32_t frame) {
 
 }  // namespace
 
-std::vector<IconImage> pictureIcons(int size) { return {picture(size, ink), picture(size, 0xA05A2C)}; }
+std::vector<IconImage> pictureIcons(int size) {
+    return {picture(size, ink), picture(size, 0xA05A2C)};
+}
 
 std::vector<platform::Toolbar::Image> toolbarImages(int size) {
     return {{"btnFR", first(size)},

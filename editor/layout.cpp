@@ -44,7 +44,9 @@ struct Units : Metrics {
     int buttonWidth(const Captioned& button) const {
         return std::max(px(64), platform::textWidth(button, button.caption()) + px(20));
     }
-    int labelWidth(const platform::Label& text) const { return platform::textWidth(text, text.caption()) + px(5); }
+    int labelWidth(const platform::Label& text) const {
+        return platform::textWidth(text, text.caption()) + px(5);
+    }
 };
 
 /// Buttons of one width below each other; they give way when the height is small.
@@ -59,7 +61,9 @@ void stack(const Units& u, Rect area, std::initializer_list<platform::Button*> b
     }
 }
 
-int clampBetween(int value, int least, int most) { return std::max(least, std::min(value, most)); }
+int clampBetween(int value, int least, int most) {
+    return std::max(least, std::min(value, most));
+}
 
 }  // namespace
 
@@ -72,8 +76,8 @@ void frmStich::layOut() {
     const int top = u.margin() + u.row() + u.px(6);
     layOutTopRow(left, right);
 
-    const int leftWidth =
-        clampBetween(u.px(kvBar2.position()), u.px(smallestLeft), width - 2 * u.margin() - u.px(smallestRight));
+    const int leftWidth = clampBetween(u.px(kvBar2.position()), u.px(smallestLeft),
+                                       width - 2 * u.margin() - u.px(smallestRight));
     const int barLeft = left + leftWidth;
     kvBar2.control().move({barLeft, top, barLeft + u.bar(), bottom});
     layOutLeft({left, top, barLeft, bottom});
@@ -104,8 +108,9 @@ void frmStich::layOutTopRow(int left, int right) {
 
 void frmStich::layOutLeft(Rect area) {
     const Units u(platform::metricsOf(form));
-    const int barTop = clampBetween(area.top + u.px(kvBar3.position()), area.top + u.tabHeight + u.px(smallestPage),
-                                    area.bottom - u.bar() - u.row() - u.gap() - u.px(smallestItems));
+    const int barTop =
+        clampBetween(area.top + u.px(kvBar3.position()), area.top + u.tabHeight + u.px(smallestPage),
+                     area.bottom - u.bar() - u.row() - u.gap() - u.px(smallestItems));
     TabStrip1.move({area.left, area.top, area.right, barTop});
     const Rect page = TabStrip1.pageArea();
     for (platform::Panel* panel : {&fraFiles, &fraClasses, &fraROIs}) panel->move(page);
@@ -201,7 +206,8 @@ void frmStich::layOutRight(Rect area) {
     Toolbar1.move(Rect::at(area.left, area.top, bar.width, bar.height));
     const int timeLeft = area.left + bar.width + u.gap();
     const int timeWidth = platform::textWidth(txtTime, " 10,0s") + u.px(6);
-    txtTime.move(Rect::at(timeLeft, area.top + (barHeight - u.lineHeight) / 2, timeWidth, u.lineHeight + u.px(1)));
+    txtTime.move(
+        Rect::at(timeLeft, area.top + (barHeight - u.lineHeight) / 2, timeWidth, u.lineHeight + u.px(1)));
     const int sliderLeft = timeLeft + timeWidth;
     const int sliderRight = std::min(area.right, sliderLeft + u.px(longestSlider));
     Slider1.move({sliderLeft, area.top, sliderRight, area.top + barHeight});
@@ -209,8 +215,9 @@ void frmStich::layOutRight(Rect area) {
     const int sizeTop = area.bottom - u.row();
     const int infoTop = sizeTop - u.gap() - u.row();
     const int stretchWidth = platform::textWidth(chkStretch, "einpassen") + u.px(26);
-    const int sizeWidth = std::min(platform::textWidth(txtSize, "10000 x 10000 Pixel, 24 Bit Farbtiefe") + u.px(12),
-                                   area.width() - stretchWidth - u.gap());
+    const int sizeWidth =
+        std::min(platform::textWidth(txtSize, "10000 x 10000 Pixel, 24 Bit Farbtiefe") + u.px(12),
+                 area.width() - stretchWidth - u.gap());
     txtInfo.move(u.box(area.left, infoTop, area.right));
     txtSize.move(u.box(area.left, sizeTop, area.left + sizeWidth));
     chkStretch.move({area.right - stretchWidth, sizeTop, area.right, sizeTop + u.row()});

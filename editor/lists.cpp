@@ -30,17 +30,24 @@ void frmStich::connectLists() {
 
     lvCClasses.cell = [this](int row, int subItem) -> std::string {
         switch (subItem) {
-            case className: return set_.classRow(row).name;
-            case classNumber: return std::to_string(row);
-            case standardMark: return row - 1 == set_.standardClass() ? "Standard" : "";
-            case classDescription: return set_.classRow(row).description;
-            default: return {};
+            case className:
+                return set_.classRow(row).name;
+            case classNumber:
+                return std::to_string(row);
+            case standardMark:
+                return row - 1 == set_.standardClass() ? "Standard" : "";
+            case classDescription:
+                return set_.classRow(row).description;
+            default:
+                return {};
         }
     };
     lvCClasses.onItemClick = [this](int row) { lvCClasses_ItemClick(row); };
     lvCClasses.onDoubleClick = [this](int) { btnCRename_Click(); };
     lvCClasses.onKeyDown = [this](int key, int) { lvCClasses_KeyDown(key); };
-    lvCClasses.onLabelEdited = [this](int row, const std::string& text) { return lvCClasses_AfterLabelEdit(row, text); };
+    lvCClasses.onLabelEdited = [this](int row, const std::string& text) {
+        return lvCClasses_AfterLabelEdit(row, text);
+    };
 
     lvROIs.cell = [this](int row, int subItem) {
         return subItem == 0 ? set_.regionRow(row).name : set_.regionRow(row).description;
@@ -48,17 +55,23 @@ void frmStich::connectLists() {
     lvROIs.onItemClick = [this](int row) { kvPictureBox1.ROI_Select(static_cast<std::int16_t>(row)); };
     lvROIs.onDoubleClick = [this](int) { btnROIRename_Click(); };
     lvROIs.onKeyDown = [this](int key, int) { lvROIs_KeyDown(key); };
-    lvROIs.onLabelEdited = [this](int row, const std::string& text) { return lvROIs_AfterLabelEdit(row, text); };
+    lvROIs.onLabelEdited = [this](int row, const std::string& text) {
+        return lvROIs_AfterLabelEdit(row, text);
+    };
 }
 
 void frmStich::connectSourceList() {
     ListView1.cell = [this](int row, int subItem) -> std::string {
         const auto& file = sourceFiles_[static_cast<std::size_t>(row - 1)];
         switch (subItem) {
-            case fileName: return file.name;
-            case fileSize: return sizeText(file.size);
-            case fileDate: return dateText(file.modified);
-            default: return {};
+            case fileName:
+                return file.name;
+            case fileSize:
+                return sizeText(file.size);
+            case fileDate:
+                return dateText(file.modified);
+            default:
+                return {};
         }
     };
     ListView1.icon = [this](int row) { return kindOf(sourceFiles_[static_cast<std::size_t>(row - 1)].name); };
@@ -81,11 +94,16 @@ void frmStich::connectSampleLists() {
 
     lvCItems.cell = [this](int row, int subItem) -> std::string {
         switch (subItem) {
-            case itemName: return set_.sampleName(row);
-            case itemClass: return classText(row);
-            case itemDirectory: return set_.sampleDirectory(row);
-            case itemNumber: return std::to_string(row);
-            default: return {};
+            case itemName:
+                return set_.sampleName(row);
+            case itemClass:
+                return classText(row);
+            case itemDirectory:
+                return set_.sampleDirectory(row);
+            case itemNumber:
+                return std::to_string(row);
+            default:
+                return {};
         }
     };
     lvCItems.icon = ListView2.icon;

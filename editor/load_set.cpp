@@ -80,7 +80,8 @@ std::int16_t frmStich::CheckItems() {
 void frmStich::removeMissing() {
     mListView::UnselectAll(ListView2);
     const auto& missing = frmError_->missing();
-    std::for_each(missing.rbegin(), missing.rend(), [&](const auto& file) { ListView2.select(file.position); });
+    std::for_each(missing.rbegin(), missing.rend(),
+                  [&](const auto& file) { ListView2.select(file.position); });
     btnR_Click();
 }
 

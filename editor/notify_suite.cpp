@@ -15,7 +15,8 @@ constexpr std::uint32_t setChanged = 1087;
 
 int NotifySuite() {
     std::vector<std::intptr_t> windows;
-    for (const char* formClass : formClasses) platform::suite::findWindows(suiteMessages, formClass, windows, 0);
+    for (const char* formClass : formClasses)
+        platform::suite::findWindows(suiteMessages, formClass, windows, 0);
     for (const std::intptr_t window : windows) platform::suite::send(window, setChanged);
     return 0;
 }

@@ -19,7 +19,9 @@ int findName(const Rows& rows, std::string_view name, int except) {
     return 0;
 }
 
-std::size_t pathHash(std::string_view path) { return std::hash<std::string>{}(platform::text::foldCase(path)); }
+std::size_t pathHash(std::string_view path) {
+    return std::hash<std::string>{}(platform::text::foldCase(path));
+}
 
 /// Takes the elements at the given rows (ascending, from 1) out of a column in one pass.
 template <class T>
@@ -38,7 +40,9 @@ void removeRows(std::vector<T>& column, const std::vector<int>& rows) {
 
 }  // namespace
 
-std::string OpenSet::samplePath(int row) const { return platform::path::join(sampleDirectory(row), sampleName(row)); }
+std::string OpenSet::samplePath(int row) const {
+    return platform::path::join(sampleDirectory(row), sampleName(row));
+}
 
 void OpenSet::reserveSamples(std::size_t count) {
     names_.reserve(count);
@@ -49,8 +53,8 @@ void OpenSet::reserveSamples(std::size_t count) {
 std::uint32_t OpenSet::directoryNumber(std::string_view directory) {
     // Pictures of one folder follow each other: the last one's number is nearly always the answer.
     if (!directoryOf_.empty() && directories_[directoryOf_.back()] == directory) return directoryOf_.back();
-    const auto [place, isNew] =
-        directoryNumbers_.try_emplace(std::string(directory), static_cast<std::uint32_t>(directories_.size()));
+    const auto [place, isNew] = directoryNumbers_.try_emplace(
+        std::string(directory), static_cast<std::uint32_t>(directories_.size()));
     if (isNew) directories_.emplace_back(directory);
     return place->second;
 }
@@ -113,7 +117,9 @@ void OpenSet::forgetIndex() const {
     indexed_ = 0;
 }
 
-void OpenSet::indexSample(int row) const { index_.emplace(pathHash(samplePath(row)), row); }
+void OpenSet::indexSample(int row) const {
+    index_.emplace(pathHash(samplePath(row)), row);
+}
 
 int OpenSet::findSample(std::string_view path) const {
     if (index_.empty()) index_.reserve(names_.size());
@@ -127,8 +133,12 @@ int OpenSet::findSample(std::string_view path) const {
     return found;
 }
 
-int OpenSet::findClass(std::string_view name, int except) const { return findName(classes_, name, except); }
-int OpenSet::findRegion(std::string_view name, int except) const { return findName(regions_, name, except); }
+int OpenSet::findClass(std::string_view name, int except) const {
+    return findName(classes_, name, except);
+}
+int OpenSet::findRegion(std::string_view name, int except) const {
+    return findName(regions_, name, except);
+}
 
 void OpenSet::addClass(std::string_view name, std::string_view description) {
     classes_.push_back({std::string(name), std::string(description)});

@@ -38,7 +38,9 @@ class OpenSet {
     const std::string& sampleDirectory(int row) const { return directories_[directoryOf_[at(row)]]; }
     /// Directory and name with one separator between them.
     std::string samplePath(int row) const;
-    std::int16_t classOf(int row, int region) const { return classOf_[static_cast<std::size_t>(region)][at(row)]; }
+    std::int16_t classOf(int row, int region) const {
+        return classOf_[static_cast<std::size_t>(region)][at(row)];
+    }
 
     void reserveSamples(std::size_t count);
     /// Appends one; in every region it gets the standard class. Returns its row.
@@ -73,7 +75,7 @@ class OpenSet {
     // Regions -------------------------------------------------------------------------------------------
     int regionCount() const { return static_cast<int>(regions_.size()); }
     const Region& regionRow(int row) const { return regions_[at(row)]; }
-    int findRegion(std::string_view name, int except = 0) const;   ///< as findClass
+    int findRegion(std::string_view name, int except = 0) const;  ///< as findClass
 
     /// Every sample gets the first class in it.
     void addRegion(std::string_view name, std::string_view description = {});
@@ -100,9 +102,9 @@ class OpenSet {
 
     std::vector<std::string> names_;
     std::vector<std::uint32_t> directoryOf_;
-    std::vector<std::string> directories_;                            // each spelling once
+    std::vector<std::string> directories_;  // each spelling once
     std::unordered_map<std::string, std::uint32_t> directoryNumbers_;
-    std::vector<std::vector<std::int16_t>> classOf_{1};               // a column per region chooser entry
+    std::vector<std::vector<std::int16_t>> classOf_{1};  // a column per region chooser entry
 
     // Hash of the folded path to rows; made by the first look-up, kept up to date by additions and dropped
     // by what renumbers rows.

@@ -75,7 +75,9 @@ void frmStich::btnROIDel_Click() {
     lvCItems.redrawAll();
 }
 
-void frmStich::btnROIRename_Click() { editName(lvROIs); }
+void frmStich::btnROIRename_Click() {
+    editName(lvROIs);
+}
 
 bool frmStich::lvROIs_AfterLabelEdit(int row, const std::string& text) {
     if (set_.findRegion(text, row) != 0) return refuseName(lvROIs, row);

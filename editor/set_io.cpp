@@ -141,8 +141,11 @@ void writeRegion(ProfileFile& file, const OpenSet& set, int region, const Region
     const std::string wholeName(set_file::wholePicture);
     file.write(sectionName, set_file::nameKey, whole ? wholeName : set.regionRow(region).name);
     file.write(sectionName, set_file::descriptionKey, whole ? wholeName : set.regionRow(region).description);
-    const std::pair<std::string_view, std::int32_t> numbers[] = {
-        {set_file::xKey, r.X}, {set_file::yKey, r.Y}, {set_file::dxKey, r.dX}, {set_file::dyKey, r.dY}, {set_file::zKey, set_file::noValue}};
+    const std::pair<std::string_view, std::int32_t> numbers[] = {{set_file::xKey, r.X},
+                                                                 {set_file::yKey, r.Y},
+                                                                 {set_file::dxKey, r.dX},
+                                                                 {set_file::dyKey, r.dY},
+                                                                 {set_file::zKey, set_file::noValue}};
     for (const auto& [what, value] : numbers) file.write(sectionName, what, std::to_string(value));
     for (int n = 1; n <= set.sampleCount(); ++n) file.write(sectionName, n, set.classOf(n, region) + 1);
 }
@@ -177,8 +180,9 @@ void writeSet(const std::string& fileName, const std::string& appPath, const Ope
     constexpr auto none = set_file::noValue;
     for (int region = 0; region <= set.regionCount(); ++region) {
         const bool whole = region == 0;
-        writeRegion(file, set, region,
-                    whole ? RegionRect{none, none, none, none} : rectangles[static_cast<std::size_t>(region - 1)]);
+        writeRegion(
+            file, set, region,
+            whole ? RegionRect{none, none, none, none} : rectangles[static_cast<std::size_t>(region - 1)]);
     }
     writeItems(file, set, appPath);
     NumberKey number;
@@ -196,7 +200,8 @@ std::vector<int> missingSamples(const OpenSet& set) {
             known = listed.emplace(&directory, platform::files::foldedFileNames(directory)).first;
         }
         const auto& there = known->second;
-        if (!std::binary_search(there.begin(), there.end(), text::foldCase(set.sampleName(row)))) missing.push_back(row);
+        if (!std::binary_search(there.begin(), there.end(), text::foldCase(set.sampleName(row))))
+            missing.push_back(row);
     }
     return missing;
 }

@@ -12,7 +12,7 @@ namespace editor {
 struct LoadedSet {
     OpenSet set;
     std::vector<RegionRect> rectangles;
-    int strayAssignments = 0;   ///< that named a class outside the set and got the standard class
+    int strayAssignments = 0;  ///< that named a class outside the set and got the standard class
 };
 
 /// Reads a set file; relative picture paths are joined to `appPath`. RuntimeError, in German and saying

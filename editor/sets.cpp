@@ -23,16 +23,23 @@ namespace text = platform::text;
 
 }  // namespace
 
-std::string frmStich::CheckPath(const std::string& directory) { return path::withBackslash(directory); }
+std::string frmStich::CheckPath(const std::string& directory) {
+    return path::withBackslash(directory);
+}
 
-bool frmStich::FileExists(const std::string& file) { return files::fileExists(file); }
+bool frmStich::FileExists(const std::string& file) {
+    return files::fileExists(file);
+}
 
-std::string frmStich::setFile(const std::string& name) const { return setsDirectory_ + name + shell::setExtension; }
+std::string frmStich::setFile(const std::string& name) const {
+    return setsDirectory_ + name + shell::setExtension;
+}
 
 void frmStich::SearchSets(bool fill) {
     setNames_.clear();
     for (const auto& entry : files::list(setsDirectory_)) {
-        const bool isSet = !entry.isDirectory && text::equalNoCase(path::extension(entry.name), shell::setExtension);
+        const bool isSet =
+            !entry.isDirectory && text::equalNoCase(path::extension(entry.name), shell::setExtension);
         if (isSet) setNames_.push_back(path::stem(entry.name));
     }
     std::sort(setNames_.begin(), setNames_.end(),
@@ -53,7 +60,9 @@ void frmStich::cboSets_Change() {
     setIndex_ = cboSets.listIndex();
 }
 
-void frmStich::clearSetName() { cboSets.setText(""); }
+void frmStich::clearSetName() {
+    cboSets.setText("");
+}
 
 void frmStich::chooseSet(int index) {
     suppressChooser_ = true;
@@ -87,8 +96,10 @@ void frmStich::cboSets_Click() {
 bool frmStich::checkTarget(const std::string& name) {
     if (!path::isValidFileName(name + shell::setExtension) || name.back() == ' ' || name.back() == '.') {
         say("Der Name \"" + name +
-                "\" kann nicht verwendet werden.\r\nEin Name darf keines der Zeichen \\ / : * ? \" < > | und keine "
-                "Steuerzeichen enthalten, nicht mit einem Punkt oder Leerzeichen enden und kein Gerätename sein.",
+                "\" kann nicht verwendet werden.\r\nEin Name darf keines der Zeichen \\ / : * ? \" < > | und "
+                "keine "
+                "Steuerzeichen enthalten, nicht mit einem Punkt oder Leerzeichen enden und kein Gerätename "
+                "sein.",
             message::exclamation);
         return false;
     }
@@ -123,7 +134,8 @@ bool frmStich::SaveSetAs(const std::string& name) {
     try {
         writeSet(setFile(name), dataDirectory_, set_, rectangles());
     } catch (const platform::RuntimeError& failure) {
-        say("Die Stichprobe konnte nicht gespeichert werden.\r\n" + failure.description(), message::exclamation);
+        say("Die Stichprobe konnte nicht gespeichert werden.\r\n" + failure.description(),
+            message::exclamation);
         return false;
     }
     offerSaved(name);

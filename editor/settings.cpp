@@ -18,7 +18,8 @@ shell::EditorSettings frmStich::settings() const {
             .saveSatus = save == 0 ? firstSaveCommand : Toolbar1.button(save).tag,
             .bar2 = kvBar2.position(),
             .bar3 = kvBar3.position(),
-            .lists = {ListView1.layout(), ListView2.layout(), lvROIs.layout(), lvCClasses.layout(), lvCItems.layout()}};
+            .lists = {ListView1.layout(), ListView2.layout(), lvROIs.layout(), lvCClasses.layout(),
+                      lvCItems.layout()}};
 }
 
 void frmStich::ReadProp() {
@@ -45,6 +46,8 @@ void frmStich::ReadProp() {
     if (!text.empty()) say(text, platform::message::exclamation);
 }
 
-void frmStich::WriteProp() { shell::WriteProp(registry_, settings()); }
+void frmStich::WriteProp() {
+    shell::WriteProp(registry_, settings());
+}
 
 }  // namespace editor

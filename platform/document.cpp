@@ -15,6 +15,7 @@ using profile::trimmed;
 struct ProfileDocument::Parser {
     ProfileDocument& document;
     Section* current = nullptr;  // null where lines belong to nothing
+    profile::RunFinder runs = {};  // of the current section
 
     void line(std::string_view line) {
         line = trimmed(line);
@@ -42,12 +43,16 @@ struct ProfileDocument::Parser {
         const std::string_view key = trimmed(line.substr(0, sign));
         std::string_view value = trimmed(line.substr(sign + 1));
         if (profile::isQuoted(value)) value = value.substr(1, value.size() - 2);
-        if (!key.empty()) current->append(key, value);
+        if (key.empty()) return;
+        current->entries_.push_back({static_cast<std::uint32_t>(value.data() - document.text_->data()),
+                                     static_cast<std::uint32_t>(value.size())});
+        runs.next(key);
     }
 
     void finish() {
-        if (current != nullptr) current->finish();
+        if (current != nullptr) current->finish(runs.longest());
         current = nullptr;
+        runs = {};
     }
 };
 

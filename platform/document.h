@@ -8,6 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/document_run.h"
+
 /// Profile files: named sections, each with named keys and a line of text for each, that Windows' own
 /// profile functions read as we do. Names of sections and keys ignore case; of a section or key that
 /// stands twice the first counts.
@@ -40,28 +42,18 @@ class ProfileDocument {
         struct Entry {
             std::uint32_t start, length;
         };
-        /// Lines with the keys n, n + 1, n + 2, ...
-        struct Run {
-            std::size_t start = 0;
-            std::size_t length = 0;
-            std::uint32_t first = 0;
-            bool has(std::uint32_t number) const { return number - first < length; }
-        };
         using Index = std::unordered_map<std::string, std::size_t>;
 
         std::optional<std::size_t> position(std::string_view key) const;
         std::size_t outsideRun(std::size_t index) const;
-        void append(std::string_view key, std::string_view value);
-        void noteRun(std::size_t index, std::string_view key);
         bool hasRepetitions() const;
         void removeRepetitions();
-        void finish();
+        void finish(const profile::KeyRun& longest);
 
         std::string name_;
         const std::string* text_ = nullptr;
         std::vector<Entry> entries_;
-        Run longest_;                          // its lines are found by their number
-        Run last_;                             // the one that the last line stands in
+        profile::KeyRun run_;                  // the longest; its lines are found by their number
         std::shared_ptr<const Index> index_;   // of the other lines by their folded key, when there are many
     };
 

@@ -4,22 +4,6 @@
 
 namespace platform {
 
-namespace {
-
-/// The number of a key that is written as we write numbers; empty for every other key.
-std::optional<std::uint32_t> keyNumber(std::string_view key) {
-    static constexpr std::size_t longest = 9;  // digits that always fit
-    if (key.empty() || key.size() > longest || (key[0] == '0' && key.size() > 1)) return std::nullopt;
-    std::uint32_t number = 0;
-    for (const char c : key) {
-        if (c < '0' || c > '9') return std::nullopt;
-        number = number * 10 + static_cast<std::uint32_t>(c - '0');
-    }
-    return number;
-}
-
-}  // namespace
-
 std::string_view ProfileDocument::Section::key(std::size_t index) const {
     const std::string_view before(text_->data(), entries_[index].start);
     const std::string_view line = before.substr(before.rfind('\n') + 1);
@@ -38,13 +22,13 @@ std::optional<std::string_view> ProfileDocument::Section::find(std::string_view 
 
 std::optional<std::string_view> ProfileDocument::Section::find(std::int32_t number) const {
     const auto wanted = static_cast<std::uint32_t>(number);
-    if (number >= 0 && longest_.has(wanted)) return value(longest_.start + (wanted - longest_.first));
+    if (number >= 0 && run_.has(wanted)) return value(run_.start + (wanted - run_.first));
     return find(profile::Decimal(number).text());
 }
 
 std::optional<std::size_t> ProfileDocument::Section::position(std::string_view wanted) const {
-    if (const auto number = keyNumber(wanted); number && longest_.has(*number))
-        return longest_.start + (*number - longest_.first);
+    if (const auto number = profile::keyNumber(wanted); number && run_.has(*number))
+        return run_.start + (*number - run_.first);
     if (index_) {
         const auto found = index_->find(text::foldCase(wanted));
         return found == index_->end() ? std::nullopt : std::optional(found->second);
@@ -54,26 +38,9 @@ std::optional<std::size_t> ProfileDocument::Section::position(std::string_view w
     return std::nullopt;
 }
 
-/// This line, or the one behind the longest run when it stands in it.
+/// This line, or the one behind the run when it stands in it.
 std::size_t ProfileDocument::Section::outsideRun(std::size_t index) const {
-    return index - longest_.start < longest_.length ? longest_.start + longest_.length : index;
-}
-
-/// `value` lies in the text.
-void ProfileDocument::Section::append(std::string_view key, std::string_view value) {
-    entries_.push_back({static_cast<std::uint32_t>(value.data() - text_->data()),
-                        static_cast<std::uint32_t>(value.size())});
-    noteRun(entries_.size() - 1, key);
-}
-
-/// Takes the line into account, once for each in their order.
-void ProfileDocument::Section::noteRun(std::size_t index, std::string_view key) {
-    const auto number = keyNumber(key);
-    if (number && last_.length > 0 && *number == last_.first + last_.length)
-        ++last_.length;
-    else
-        last_ = number ? Run{index, 1, *number} : Run{};
-    if (last_.length > longest_.length) longest_ = last_;
+    return index - run_.start < run_.length ? run_.start + run_.length : index;
 }
 
 bool ProfileDocument::Section::hasRepetitions() const {
@@ -84,18 +51,22 @@ bool ProfileDocument::Section::hasRepetitions() const {
 
 void ProfileDocument::Section::removeRepetitions() {
     Index seen;
+    profile::RunFinder runs;
     std::vector<Entry> kept;
-    for (std::size_t i = 0; i < entries_.size(); ++i)
-        if (seen.emplace(text::foldCase(key(i)), i).second) kept.push_back(entries_[i]);
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        if (!seen.emplace(text::foldCase(key(i)), i).second) continue;
+        kept.push_back(entries_[i]);
+        runs.next(key(i));
+    }
     entries_ = std::move(kept);
-    longest_ = last_ = {};
-    for (std::size_t i = 0; i < entries_.size(); ++i) noteRun(i, key(i));
+    run_ = runs.longest();
 }
 
-void ProfileDocument::Section::finish() {
+void ProfileDocument::Section::finish(const profile::KeyRun& longest) {
+    run_ = longest;
     static constexpr std::size_t fewEnough = 16;  // to be searched one by one
-    if (entries_.size() - longest_.length > fewEnough || hasRepetitions()) removeRepetitions();
-    if (entries_.size() - longest_.length <= fewEnough) return;
+    if (entries_.size() - run_.length > fewEnough || hasRepetitions()) removeRepetitions();
+    if (entries_.size() - run_.length <= fewEnough) return;
     auto index = std::make_shared<Index>();
     for (std::size_t i = outsideRun(0); i < entries_.size(); i = outsideRun(i + 1))
         index->emplace(text::foldCase(key(i)), i);

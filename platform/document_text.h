@@ -38,8 +38,8 @@ class Decimal {
     char* end_;
 };
 
-/// The text of a file's bytes, by their byte order mark or by what they look like. RuntimeError fileError when
-/// they are none.
+/// The text of a file's bytes, by their byte order mark or by what they look like. RuntimeError fileError
+/// when they are none.
 std::string decoded(std::string bytes);
 /// The bytes of a text that is not pure ASCII (else they are the text): Windows-1252 when that is safe, else
 /// UTF-16 with a byte order mark.

@@ -19,7 +19,9 @@ std::string below(const std::string& directory, const char* name) {
     return path::withBackslash(path::join(directory, name));
 }
 
-void useProgramDirectory(platform::Registry& registry) { registry.write("", dataPathKey, programsOwn); }
+void useProgramDirectory(platform::Registry& registry) {
+    registry.write("", dataPathKey, programsOwn);
+}
 
 }  // namespace
 

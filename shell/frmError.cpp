@@ -35,7 +35,8 @@ constexpr std::int32_t nothingSearched = -1;
 frmError::frmError(platform::Form& owner, platform::Registry& registry, const Environment& environment)
     : form("frmError", "Fehlende Dateien", {.clientSize = {560, 360}, .dialog = true, .owner = &owner}),
       lblTop(form, "lblTop", "Diese Dateien der Stichprobe wurden &nicht gefunden:"),
-      ListView1(form, "ListView1", {{"Nr.", 6, platform::ListView::Align::right}, {"Erwartet unter", 60}}, {}),
+      ListView1(form, "ListView1", {{"Nr.", 6, platform::ListView::Align::right}, {"Erwartet unter", 60}},
+                {}),
       lblQuestion(form, "lblQuestion", {}, platform::Label::Style::wrapped),
       btnSearch(form, "btnSearch", "&Suchen..."),
       btnDel(form, "btnDel", "&Entfernen"),
@@ -54,7 +55,9 @@ frmError::frmError(platform::Form& owner, platform::Registry& registry, const En
     Form_Load();
 }
 
-frmError::~frmError() { form.unload(); }
+frmError::~frmError() {
+    form.unload();
+}
 
 void frmError::Form_Load() {
     form.setMinimumSize({420, 260});
@@ -106,13 +109,13 @@ std::int32_t frmError::SearchDirectory() {
     const int row = std::max(1, ListView1.firstSelected());
     const std::string offered = path::fileName(missing_[static_cast<std::size_t>(row - 1)].path);
 
-    const std::string chosen = platform::showOpenFile(
-        &form, {.title = "Datei öffnen",
-                .fileName = offered,
-                .filter = "Windows-Bitmap (*.bmp)|*.bmp",
-                .filterIndex = 1,
-                .initialDirectory = dataDirectory(registry_, environment_),
-                .flags = openFlags});
+    const std::string chosen =
+        platform::showOpenFile(&form, {.title = "Datei öffnen",
+                                       .fileName = offered,
+                                       .filter = "Windows-Bitmap (*.bmp)|*.bmp",
+                                       .filterIndex = 1,
+                                       .initialDirectory = dataDirectory(registry_, environment_),
+                                       .flags = openFlags});
     if (chosen == offered || !files::fileExists(chosen)) return nothingSearched;
 
     // The directory is listed once, however many files are looked for in it.
@@ -153,6 +156,8 @@ void frmError::btnDel_Click() {
     if (answer == message::yes) leave(removeRest);
 }
 
-void frmError::btnAbbr_Click() { leave(cancelled); }
+void frmError::btnAbbr_Click() {
+    leave(cancelled);
+}
 
 }  // namespace shell

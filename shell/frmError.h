@@ -24,8 +24,8 @@ class frmError {
     static constexpr std::int32_t removeRest = 46;  ///< the files still listed are to go
 
     struct Missing {
-        int position;       ///< row of the editor's file list, from 1
-        std::string path;   ///< where the file was expected
+        int position;      ///< row of the editor's file list, from 1
+        std::string path;  ///< where the file was expected
     };
 
     frmError(platform::Form& owner, platform::Registry& registry, const Environment& environment);

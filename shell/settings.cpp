@@ -35,8 +35,8 @@ std::vector<std::string> ReadProp(platform::Registry& registry, EditorSettings& 
         } else if (const auto number = platform::text::parseInt32(*stored)) {
             settings.*std::get<int EditorSettings::*>(setting.member) = *number;
         } else {
-            problems.push_back("Die Einstellung \"" + std::string(setting.key) + "\" ist keine Zahl (\"" + *stored +
-                               "\"). Es gilt die Vorgabe.");
+            problems.push_back("Die Einstellung \"" + std::string(setting.key) + "\" ist keine Zahl (\"" +
+                               *stored + "\"). Es gilt die Vorgabe.");
         }
     }
     for (std::size_t i = 0; i < settings.lists.size(); ++i) {
@@ -54,7 +54,8 @@ void WriteProp(platform::Registry& registry, const EditorSettings& settings) {
                            std::to_string(settings.*std::get<int EditorSettings::*>(setting.member)));
         }
     }
-    for (std::size_t i = 0; i < settings.lists.size(); ++i) registry.write(section, listKeys[i], settings.lists[i]);
+    for (std::size_t i = 0; i < settings.lists.size(); ++i)
+        registry.write(section, listKeys[i], settings.lists[i]);
 }
 
 }  // namespace shell

@@ -10,10 +10,10 @@ namespace shell {
 
 /// What the editor keeps between runs, as the window uses it.
 struct EditorSettings {
-    int interval = 0;         ///< of the slide show, milliseconds
-    std::string pathROI;      ///< directory for cut-outs
-    std::string saveSatus;    ///< key of the save command that the toolbar's button stands for
-    int bar2 = 0;             ///< splitter positions, pixels at 96 dots per inch
+    int interval = 0;       ///< of the slide show, milliseconds
+    std::string pathROI;    ///< directory for cut-outs
+    std::string saveSatus;  ///< key of the save command that the toolbar's button stands for
+    int bar2 = 0;           ///< splitter positions, pixels at 96 dots per inch
     int bar3 = 0;
     /// Layouts of ListView1, ListView2, lvROIs, lvCClasses and lvCItems, in this order.
     std::array<std::string, 5> lists;

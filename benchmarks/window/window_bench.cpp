@@ -12,8 +12,8 @@
 #include "editor/frmStich.h"
 #include "editor/set_io.h"
 #include "platform/application.h"
-#include "platform/win32/windows.h"
 #include "platform/win32/wide.h"
+#include "platform/win32/windows.h"
 #include "shell/mStichMain.h"
 #include "tests/support/initialise.h"
 #include "tests/support/user.h"
@@ -89,7 +89,8 @@ std::string writeSetOf(const std::string& folder, int samples, bool onePicture) 
             set.assign(i, region, static_cast<std::int16_t>((i + region) % classes));
         }
     }
-    const std::string file = folder + "\\TestSets\\" + (onePicture ? "click" : "open") + std::to_string(samples) + ".kvs";
+    const std::string file =
+        folder + "\\TestSets\\" + (onePicture ? "click" : "open") + std::to_string(samples) + ".kvs";
     platform::files::createDirectories(folder + "\\TestSets");
     editor::writeSet(file, folder, set, rectangles);
     return file;
@@ -143,7 +144,8 @@ void measureOpening(const std::string& folder) {
         report(("LoadFile in the window, " + suffix + " samples").c_str(), times, note);
         report(("write a set file from tables, " + suffix + " samples").c_str(), repeated(5, [&] {
                    std::vector<editor::RegionRect> rectangles(regions - 1);
-                   editor::writeSet(folder + "\\TestSets\\written.kvs", folder, editor.window.set(), rectangles);
+                   editor::writeSet(folder + "\\TestSets\\written.kvs", folder, editor.window.set(),
+                                    rectangles);
                }));
     }
 }

@@ -16,8 +16,25 @@ void FormWindow::sizeFor(Size clientAt96) {
     const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
     const auto extended = static_cast<DWORD>(GetWindowLongW(window, GWL_EXSTYLE));
     require(AdjustWindowRectExForDpi(&r, style, FALSE, extended, static_cast<UINT>(dpi_)), "Fenster anlegen");
-    SetWindowPos(window, nullptr, 0, 0, r.right - r.left, r.bottom - r.top,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    placeOnMonitor({r.right - r.left, r.bottom - r.top});
+}
+
+// Where the system put it, but wholly on its monitor, however small that is.
+void FormWindow::placeOnMonitor(Size outer) {
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    Rect place = Rect::at(bounds().left, bounds().top, outer.width, outer.height);
+    if (GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor)) {
+        const RECT& work = monitor.rcWork;
+        const int width = std::min(outer.width, static_cast<int>(work.right - work.left));
+        const int height = std::min(outer.height, static_cast<int>(work.bottom - work.top));
+        place = Rect::at(
+            std::max(static_cast<int>(work.left), std::min(place.left, static_cast<int>(work.right) - width)),
+            std::max(static_cast<int>(work.top), std::min(place.top, static_cast<int>(work.bottom) - height)),
+            width, height);
+    }
+    SetWindowPos(window, nullptr, place.left, place.top, place.width(), place.height(),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void FormWindow::centreOverOwner() {

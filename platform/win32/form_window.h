@@ -89,6 +89,7 @@ class FormWindow : public ContainerWindow {
     Handled choosePointer(HWND below, int hit);
 
     void sizeFor(Size clientAt96);
+    void placeOnMonitor(Size outer);
     void centreOverOwner();
     void renewFont();
     void blockOwner();

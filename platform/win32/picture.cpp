@@ -1,5 +1,9 @@
 #include "platform/picture.h"
 
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+
 #include "platform/errors.h"
 #include "platform/files.h"
 #include "platform/win32/picture_decoders.h"
@@ -17,6 +21,29 @@ std::string contentOf(std::string_view fileName) {
     }
 }
 
+std::uint32_t numberAt(const std::string& content, std::size_t offset) {
+    std::uint32_t number = 0;
+    if (content.size() >= offset + sizeof number)
+        std::memcpy(&number, content.data() + offset, sizeof number);
+    return number;
+}
+
+/// An uncompressed bitmap whose pixels end before its header says so. The older loader would show whatever
+/// lies in memory behind them.
+bool isCutOffBitmap(const std::string& content) {
+    constexpr std::uint32_t informationHeader = 40;
+    if (!content.starts_with("BM") || numberAt(content, 14) < informationHeader) return false;
+    constexpr std::uint32_t uncompressed = 0, masked = 3;
+    const std::uint32_t compression = numberAt(content, 30);
+    if (compression != uncompressed && compression != masked) return false;
+    const std::int64_t width = static_cast<std::int32_t>(numberAt(content, 18));
+    const std::int64_t height =
+        std::abs(static_cast<std::int64_t>(static_cast<std::int32_t>(numberAt(content, 22))));
+    const std::int64_t bitsPerPixel = numberAt(content, 28) & 0xFFFF;
+    const std::int64_t bytesPerRow = (width * bitsPerPixel + 31) / 32 * 4;
+    return numberAt(content, 10) + bytesPerRow * height > static_cast<std::int64_t>(content.size());
+}
+
 }  // namespace
 
 // Read as a whole: decoders that read the file themselves do it in many small steps.
@@ -24,7 +51,8 @@ Size decodePicture(std::string_view fileName, Surface& target, Rect area) {
     const std::string content = contentOf(fileName);
     Size size{};
     const std::string refused = win32::decodeByImagingComponent(content, target, area, size);
-    if (refused.empty() || win32::decodeByPictureLoader(content, target, area, size)) return size;
+    if (refused.empty()) return size;
+    if (!isCutOffBitmap(content) && win32::decodeByPictureLoader(content, target, area, size)) return size;
     throw RuntimeError(error::badPicture,
                        "Das Bild " + std::string(fileName) + " ist nicht lesbar: " + refused);
 }

@@ -7,7 +7,8 @@ namespace message = platform::message;
 class Classes : public EditorTest {
   protected:
     void SetUp() override {
-        ASSERT_TRUE(start(makeSet("A", {.pictures = 4, .classes = {"Klasse1", "Klasse3"}, .regions = {"Kopf"}})));
+        ASSERT_TRUE(
+            start(makeSet("A", {.pictures = 4, .classes = {"Klasse1", "Klasse3"}, .regions = {"Kopf"}})));
         user::selectTab(window().TabStrip1, 2);
     }
     /// The list, the buttons and the chooser of the standard class show the same classes.
@@ -26,7 +27,8 @@ class Classes : public EditorTest {
         EXPECT_EQ(w.btnCDel.enabled(), count >= 2);
         EXPECT_EQ(w.cboStdClass.listIndex(), w.set().standardClass());
     }
-    const std::string clash = "Bezeichnung ist bereits vorhanden.\r\nBitte geben Sie eine eindeutige Bezeichnung ein!";
+    const std::string clash =
+        "Bezeichnung ist bereits vorhanden.\r\nBitte geben Sie eine eindeutige Bezeichnung ein!";
 };
 
 TEST_F(Classes, ANewClassGetsTheFirstFreeNumberAndItsNameIsEdited) {
@@ -83,7 +85,8 @@ TEST_F(Classes, DeletingAsksAndRenumbersTheSamples) {
 
 TEST_F(Classes, TheStandardClassIsGivenToAllOnlyWhenTheUserSaysSo) {
     auto& w = window();
-    const std::string question = "Soll gleichzeitig allen Stichprobenelementen \"Klasse3\" zugewiesen werden?";
+    const std::string question =
+        "Soll gleichzeitig allen Stichprobenelementen \"Klasse3\" zugewiesen werden?";
     user::clickRow(w.lvCClasses, 2);
     messages.expect(question, message::cancel).expect(question, message::no).expect(question, message::yes);
     user::press(w.btnCStd);

@@ -24,8 +24,8 @@ class EditorTest : public testing::Test {
     struct SetOf {
         int pictures = 3;
         std::vector<std::string> classes{"gut", "Riß", "Pore"};
-        std::vector<std::string> regions{};   ///< beside the whole picture
-        int shownClass = 1;                   ///< class number of every sample, from 1
+        std::vector<std::string> regions{};  ///< beside the whole picture
+        int shownClass = 1;                  ///< class number of every sample, from 1
     };
     /// Writes a set of small bitmaps ("bild1.bmp", ... in Picture\<name>) into TestSets; returns its path.
     std::string makeSet(const std::string& name, const SetOf& content);
@@ -39,7 +39,7 @@ class EditorTest : public testing::Test {
     void restart(const std::string& commandLine = {});
 
     void openByChooser(const std::string& name);
-    void pressClass(int slot);   ///< from 0
+    void pressClass(int slot);  ///< from 0
     int current() { return window_->lvCItems.firstSelected(); }
     std::string classShown(int row) { return user::shown(window_->lvCItems, row, 1); }
     std::string stored(const std::string& set, const std::string& section, const std::string& key);

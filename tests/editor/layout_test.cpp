@@ -16,18 +16,31 @@ class Layout : public EditorTest {
                 return {&w.lblPath, &w.txtPath, &w.btnPath,   &w.ListView1, &w.btn,        &w.btn_A,
                         &w.btnR,    &w.btnRA,   &w.ListView2, &w.chkDouble, &w.txtPicCount};
             case 2:
-                return {&w.lvCClasses,     &w.btnCNew,         &w.btnCDel,         &w.btnCRename, &w.btnCStd,
+                return {&w.lvCClasses,      &w.btnCNew,         &w.btnCDel,     &w.btnCRename, &w.btnCStd,
                         &w.lblCDescription, &w.txtCDescription, &w.lblStdClass, &w.cboStdClass};
             default:
-                return {&w.lvROIs, &w.btnROIDel, &w.btnROIRename, &w.lblROIDescription, &w.txtROIDescription,
-                        &w.lblROICaption, &w.lblX, &w.txtX, &w.lblY, &w.txtY, &w.lblDX, &w.txtDX, &w.lblDY, &w.txtDY};
+                return {&w.lvROIs,
+                        &w.btnROIDel,
+                        &w.btnROIRename,
+                        &w.lblROIDescription,
+                        &w.txtROIDescription,
+                        &w.lblROICaption,
+                        &w.lblX,
+                        &w.txtX,
+                        &w.lblY,
+                        &w.txtY,
+                        &w.lblDX,
+                        &w.txtDX,
+                        &w.lblDY,
+                        &w.txtDY};
         }
     }
     std::vector<const Control*> always() {
         auto& w = window();
-        return {&w.lblSets, &w.cboSets,  &w.btnSave, &w.btnGrab,       &w.btnOK,          &w.btnAbbr,
-                &w.TabStrip1, &w.lblROI, &w.cboROI,  &w.lvCItems,      &w.Toolbar1,       &w.txtTime,
-                &w.Slider1, &w.lblHint, &w.txtInfo,  &w.txtSize, &w.chkStretch,    &w.kvPictureBox1, &w.kvButtonList1, &w.kvBar2.control(),
+        return {&w.lblSets,         &w.cboSets,    &w.btnSave,       &w.btnGrab,       &w.btnOK,
+                &w.btnAbbr,         &w.TabStrip1,  &w.lblROI,        &w.cboROI,        &w.lvCItems,
+                &w.Toolbar1,        &w.txtTime,    &w.Slider1,       &w.lblHint,       &w.txtInfo,
+                &w.txtSize,         &w.chkStretch, &w.kvPictureBox1, &w.kvButtonList1, &w.kvBar2.control(),
                 &w.kvBar3.control()};
     }
     static void expectApart(const std::vector<const Control*>& controls, platform::Size room) {
@@ -42,14 +55,16 @@ class Layout : public EditorTest {
             EXPECT_LE(a.right, room.width);
             EXPECT_LE(a.bottom, room.height);
             for (std::size_t j = 0; j < i; ++j) {
-                EXPECT_TRUE(intersect(a, controls[j]->bounds()).empty()) << "overlaps " << controls[j]->name();
+                EXPECT_TRUE(intersect(a, controls[j]->bounds()).empty())
+                    << "overlaps " << controls[j]->name();
             }
         }
     }
 };
 
 TEST_F(Layout, NothingIsCutOffOrOverlapsAtAnySize) {
-    ASSERT_TRUE(start(makeSet("A", {.classes = {"gut", "ein sehr langer Klassenname mit vielen Zeichen darin"}})));
+    ASSERT_TRUE(
+        start(makeSet("A", {.classes = {"gut", "ein sehr langer Klassenname mit vielen Zeichen darin"}})));
     auto& w = window();
     w.kvPictureBox1.onLoadFailed("Das Bild kann nicht gelesen werden.");
     for (const platform::Size client : {platform::Size{624, 361}, {1000, 660}, {1900, 1000}}) {
@@ -61,7 +76,9 @@ TEST_F(Layout, NothingIsCutOffOrOverlapsAtAnySize) {
             SCOPED_TRACE(std::to_string(client.width) + " bars " + std::to_string(bar2));
             expectApart(always(), w.form.clientSize());
             for (int number = 1; number <= 3; ++number) {
-                const platform::Panel& panel = number == 1 ? w.fraFiles : number == 2 ? w.fraClasses : w.fraROIs;
+                const platform::Panel& panel = number == 1   ? w.fraFiles
+                                               : number == 2 ? w.fraClasses
+                                                             : w.fraROIs;
                 expectApart(page(number), {panel.bounds().width(), panel.bounds().height()});
             }
         }

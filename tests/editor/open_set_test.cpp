@@ -29,7 +29,7 @@ OpenSet sampleSet(int samples, int classes, int regions) {
 TEST(OpenSet, RemovingAClassRenumbersTheAssignments) {
     const struct {
         int classes, removed, standard;
-        std::vector<std::int16_t> after;   // of samples that had classes 0, 1, 2, 3
+        std::vector<std::int16_t> after;  // of samples that had classes 0, 1, 2, 3
     } cases[] = {
         {4, 2, 0, {0, 0, 1, 2}},
         {4, 4, 1, {0, 1, 2, 1}},
@@ -39,7 +39,8 @@ TEST(OpenSet, RemovingAClassRenumbersTheAssignments) {
         OpenSet set = sampleSet(4, c.classes, 1);
         for (int row = 1; row <= 4; ++row) set.assign(row, 1, static_cast<std::int16_t>(row - 1));
         set.removeClass(c.removed, c.standard);
-        for (int row = 1; row <= 4; ++row) EXPECT_EQ(set.classOf(row, 1), c.after[static_cast<std::size_t>(row - 1)]);
+        for (int row = 1; row <= 4; ++row)
+            EXPECT_EQ(set.classOf(row, 1), c.after[static_cast<std::size_t>(row - 1)]);
         EXPECT_EQ(set.classCount(), c.classes - 1);
     }
 }
@@ -99,7 +100,8 @@ TEST(OpenSet, SamplesAreFoundAfterAnySequenceOfEdits) {
             case 2:
                 if (pick(20) == 0) set.removeDuplicates();
                 break;
-            default: set.addSample(directories[pick(4)], name());
+            default:
+                set.addSample(directories[pick(4)], name());
         }
         const std::string wanted = platform::path::join(directories[pick(4)], name());
         int expected = -1;
@@ -126,11 +128,13 @@ TEST_F(SetFile, WhatTheEditorHoldsComesBackEqual) {
     set.setDoubleSelection(true);
     for (const char* name : names) set.addRegion(name, name);
     std::vector<editor::RegionRect> rects;
-    for (int i = 0; i < static_cast<int>(std::size(names)); ++i) rects.push_back({i, -i, 100 + i, 2147483647});
+    for (int i = 0; i < static_cast<int>(std::size(names)); ++i)
+        rects.push_back({i, -i, 100 + i, 2147483647});
     const std::pair<const char*, const char*> samples[] = {
-        {"C:\\Daten\\Picture", "a.bmp"},  {"C:\\Daten", "=.bmp"},           {"C:\\", "wurzel.jpg"},
-        {"c:\\DATEN\\x", " b.bmp"},       {"C:\\Daten2", "nebenan.bmp"},    {"\\\\server\\freigabe\\o", "ü.jpg"},
-        {"Z:\\lang\\weg", "Ж.bmp"},       {"C:\\Daten\\Picture", "a.bmp"},
+        {"C:\\Daten\\Picture", "a.bmp"}, {"C:\\Daten", "=.bmp"},
+        {"C:\\", "wurzel.jpg"},          {"c:\\DATEN\\x", " b.bmp"},
+        {"C:\\Daten2", "nebenan.bmp"},   {"\\\\server\\freigabe\\o", "ü.jpg"},
+        {"Z:\\lang\\weg", "Ж.bmp"},      {"C:\\Daten\\Picture", "a.bmp"},
     };
     for (const auto& [directory, name] : samples) set.addSample(directory, name);
     for (int row = 1; row <= set.sampleCount(); ++row) {
@@ -158,7 +162,8 @@ TEST_F(SetFile, WhatTheEditorHoldsComesBackEqual) {
         EXPECT_EQ(r.dY, 2147483647);
     }
     for (int row = 1; row <= set.sampleCount(); ++row) {
-        EXPECT_TRUE(platform::text::equalNoCase(back.set.samplePath(row), set.samplePath(row))) << set.samplePath(row);
+        EXPECT_TRUE(platform::text::equalNoCase(back.set.samplePath(row), set.samplePath(row)))
+            << set.samplePath(row);
         for (int region = 0; region <= set.regionCount(); ++region) {
             EXPECT_EQ(back.set.classOf(row, region), set.classOf(row, region));
         }
@@ -195,17 +200,23 @@ TEST_F(SetFile, TheSampleSetObjectWritesTheSameFile) {
 
 TEST_F(SetFile, DamagedFilesAreRefusedWithTheirPlace) {
     const std::string good =
-        "[Common]\r\nClasses=1\r\nROIs=2\r\nItems=1\r\n[ROI0]\r\n1=1\r\n[ROI1]\r\nX=1\r\nY=2\r\ndX=3\r\ndY=4\r\n1=1\r\n"
+        "[Common]\r\nClasses=1\r\nROIs=2\r\nItems=1\r\n[ROI0]\r\n1=1\r\n[ROI1]\r\nX=1\r\nY=2\r\ndX=3\r\ndY="
+        "4\r\n1=1\r\n"
         "[Items]\r\n1=a.bmp\r\n";
     const struct {
         const char* from;
         const char* to;
         const char* place;
     } cases[] = {
-        {"Classes=1", "", "Classes"},       {"ROIs=2", "ROIs=zwei", "ROIs"},      {"Items=1", "Items=-1", "Items"},
-        {"Items=1", "Items=99999", "Items"}, {"Classes=1", "Classes=99999999999", "Classes"},
-        {"ROIs=2", "ROIs=2000000000", "ROIs"}, {"[ROI0]\r\n1=1", "[ROI0]\r\n1=eins", "ROI0"},
-        {"[ROI1]", "[ROI7]", "ROI1"},       {"dX=3", "dX=3.5", "dX"},
+        {"Classes=1", "", "Classes"},
+        {"ROIs=2", "ROIs=zwei", "ROIs"},
+        {"Items=1", "Items=-1", "Items"},
+        {"Items=1", "Items=99999", "Items"},
+        {"Classes=1", "Classes=99999999999", "Classes"},
+        {"ROIs=2", "ROIs=2000000000", "ROIs"},
+        {"[ROI0]\r\n1=1", "[ROI0]\r\n1=eins", "ROI0"},
+        {"[ROI1]", "[ROI7]", "ROI1"},
+        {"dX=3", "dX=3.5", "dX"},
     };
     platform::files::replace(file, good);
     EXPECT_NO_THROW(editor::readSet(file, "C:\\p"));

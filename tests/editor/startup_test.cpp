@@ -102,7 +102,7 @@ TEST_F(StartUp, ASetThatCannotBeOpenedEndsTheProgramAtOnce) {
 
 TEST_F(StartUp, SettingsComeBackAndTheirKeysStay) {
     folder.write("Scripts\\Extract.kvr", "");
-    start(makeSet("A", {}));   // without a set the toolbar is off, without a script its save button
+    start(makeSet("A", {}));  // without a set the toolbar is off, without a script its save button
     auto& w = window();
     w.Slider1.setValue(2500);
     w.kvBar2.setPosition(300);

@@ -12,7 +12,8 @@ class Switching : public EditorTest {
         ASSERT_TRUE(start());
     }
     const std::string saveA = "Änderungen in  \"A.kvs\" speichern?";
-    const std::string overwriteA = "Stichprobendatei \"A.kvs\" ist bereits vorhanden.\r\nVorhandene Datei überschreiben?";
+    const std::string overwriteA =
+        "Stichprobendatei \"A.kvs\" ist bereits vorhanden.\r\nVorhandene Datei überschreiben?";
 };
 
 TEST_F(Switching, ChoosingASetOpensItWhole) {
@@ -233,7 +234,8 @@ TEST_F(Missing, OneFoundFileBringsItsNeighbours) {
     support::OpenFileScript files;
     files.answer("").answer(folder.file("Umzug\\bild2.bmp"));
     messages.expect("Alle Elemente konnten erfolgreich zugewiesen werden.");
-    user::ModalUser dialog([](platform::Form& form) { user::press(user::find<platform::Button>(form, "btnSearch")); });
+    user::ModalUser dialog(
+        [](platform::Form& form) { user::press(user::find<platform::Button>(form, "btnSearch")); });
     openByChooser("A");
     ASSERT_EQ(files.requests().size(), 2u);
     EXPECT_EQ(files.requests()[0].title, "Datei öffnen");
@@ -270,7 +272,8 @@ TEST_F(Missing, WhatIsNotFoundCanBeSearchedAgainOrRemoved) {
 TEST_F(Missing, ASetThatLosesAllItsPicturesLosesItsRegions) {
     for (const char* name : {"bild1.bmp", "bild4.bmp"}) platform::files::remove(old(name));
     messages.expectPart("Sind Sie sicher", message::yes);
-    user::ModalUser dialog([](platform::Form& form) { user::press(user::find<platform::Button>(form, "btnDel")); });
+    user::ModalUser dialog(
+        [](platform::Form& form) { user::press(user::find<platform::Button>(form, "btnDel")); });
     openByChooser("A");
     EXPECT_EQ(window().set().sampleCount(), 0);
     EXPECT_EQ(window().set().regionCount(), 0);

@@ -15,7 +15,7 @@ struct SuiteForm {
         c.lpfnWndProc = procedure;
         c.hInstance = ::GetModuleHandleW(nullptr);
         c.lpszClassName = windowClass;
-        ::RegisterClassW(&c);   // fails for the second form of a class, which is fine
+        ::RegisterClassW(&c);  // fails for the second form of a class, which is fine
         window_ = ::CreateWindowExW(0, windowClass, L"", WS_OVERLAPPEDWINDOW, 0, 0, 10, 10, nullptr, nullptr,
                                     c.hInstance, nullptr);
         ::SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -51,6 +51,8 @@ TEST(NotifySuite, TellsTheFormsThatTakePartOnceEach) {
     EXPECT_TRUE(stranger.told_.empty());
 }
 
-TEST(NotifySuite, IsDoneAtOnceWhenNobodyIsThere) { EXPECT_EQ(editor::NotifySuite(), 0); }
+TEST(NotifySuite, IsDoneAtOnceWhenNobodyIsThere) {
+    EXPECT_EQ(editor::NotifySuite(), 0);
+}
 
 }  // namespace

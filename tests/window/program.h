@@ -22,6 +22,8 @@ class Program {
 
     /// Presses a button and returns at once, as it may open a message box.
     void press(const char* button, HWND form = nullptr) const;
+    /// Waits until the picture of that name is shown.
+    bool shows(const std::string& picture) const;
     /// Writes into the edit field of a chooser, as typing does.
     void typeInto(const char* chooser, const std::string& text) const;
     void choose(const char* chooser, int index) const;

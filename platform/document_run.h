@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace platform::profile {
+
+/// The number of a key that is written as we write numbers, of up to nine digits; empty for every other key.
+std::optional<std::uint32_t> keyNumber(std::string_view key);
+
+/// Lines with the keys n, n + 1, n + 2, ..., which can be found by their number.
+struct KeyRun {
+    std::size_t start = 0;  ///< the first line's place in the section, from 0
+    std::size_t length = 0;
+    std::uint32_t first = 0;
+
+    bool has(std::uint32_t number) const { return number - first < length; }
+};
+
+/// Finds the longest run of a section, whose keys it is told in their order.
+class RunFinder {
+  public:
+    void next(std::string_view key);
+    const KeyRun& longest() const { return longest_; }
+
+  private:
+    void begin(std::string_view key);
+    KeyRun longest_;
+    KeyRun last_;
+    std::string expected_;  // the key that continues the last run; comparing is quicker than reading numbers
+    std::size_t told_ = 0;
+};
+
+}  // namespace platform::profile
