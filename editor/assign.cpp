@@ -8,18 +8,47 @@
 
 namespace editor {
 
+namespace {
+
+/// Gives a flag another value as long as it lives.
+class Restored {
+  public:
+    Restored(bool& flag, bool value) : flag_(flag), before_(flag) { flag = value; }
+    ~Restored() { flag_ = before_; }
+    Restored(const Restored&) = delete;
+    Restored& operator=(const Restored&) = delete;
+
+  private:
+    bool& flag_;
+    bool before_;
+};
+
+}  // namespace
+
 void frmStich::kvButtonList1_Click(std::int16_t classIndex) {
-    // A press made while the next picture is still on its way means the one before: it labels nothing.
-    if (showingItem_) return;
+    // While the next picture is on its way the one before is still seen, and the press means that one.
+    if (showingItem_) return labelSeen(classIndex);
     const int row = mListView::GetSelectedIndex(lvCItems);
     if (row == 0) return;
-    set_.assign(row, cboROI.listIndex(), classIndex);
-    lvCItems.redraw(row);
+    label(row, classIndex);
     if (row == set_.sampleCount()) {
         GoToItem(1);
         platform::application::beep();
     } else {
         GoToItem(row + 1);
+    }
+}
+
+void frmStich::label(int row, std::int16_t classIndex) {
+    set_.assign(row, cboROI.listIndex(), classIndex);
+    lvCItems.redraw(row);
+}
+
+void frmStich::labelSeen(std::int16_t classIndex) {
+    if (shownRow_ == 0) {
+        platform::application::beep();
+    } else {
+        label(shownRow_, classIndex);
     }
 }
 
@@ -29,25 +58,31 @@ void frmStich::GoToItem(int row) {
 }
 
 void frmStich::lvCItems_ItemClick(int row) {
-    showingItem_ = true;
+    const Restored showing(showingItem_, true);
     platform::application::doEvents();
-    // Those events may have chosen another item or removed this one; then that choice counts.
-    if (mListView::GetSelectedIndex(lvCItems) == row && row <= set_.sampleCount()) {
-        const platform::application::WaitCursor wait;
-        showPicture(ItemPath(row));
-        ListView2.selectOnly(row);
-        ShowInfoLine();
-    }
-    showingItem_ = false;
+    if (showItem(row)) ListView2.selectOnly(row);
 }
 
 void frmStich::ListView2_ItemClick(int row) {
     if ((sourceShift_ & platform::shiftKey::shift) != 0) return;
-    const platform::application::WaitCursor wait;
+    const Restored showing(showingItem_, true);
     // The picture on the screen is the one that a class button labels.
     lvCItems.selectOnly(row);
+    showItem(row);
+}
+
+// Events that were handled meanwhile may have chosen another item or removed this one: that choice counts.
+bool frmStich::showItem(int row) {
+    const auto isChosen = [&] {
+        return mListView::GetSelectedIndex(lvCItems) == row && row <= set_.sampleCount();
+    };
+    if (!isChosen()) return false;
+    const platform::application::WaitCursor wait;
     showPicture(ItemPath(row));
+    if (!isChosen()) return false;
+    shownRow_ = row;
     ShowInfoLine();
+    return true;
 }
 
 namespace {

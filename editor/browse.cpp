@@ -16,14 +16,16 @@ constexpr int stopButton = 7;
 }  // namespace
 
 void frmStich::EnableToolbar1(bool enable) {
-    if (!enable) Timer2.setEnabled(false);
-    const bool running = Timer2.enabled();
+    if (!enable) {
+        showRuns_ = false;
+        Timer2.setEnabled(false);
+    }
     for (int i = 1; i <= Toolbar1.count(); ++i) {
         bool on = enable;
         if (Toolbar1.button(i).key == "btnSaveROI") on = kvPictureBox1.ROI() != 0;
         if (Toolbar1.button(i).key == "btnSave") on = enable && canCutOut_;
-        if (i == startButton) on = enable && !running;
-        if (i == stopButton) on = enable && running;
+        if (i == startButton) on = enable && !showRuns_;
+        if (i == stopButton) on = enable && showRuns_;
         Toolbar1.setEnabled(i, on);
     }
 }
@@ -48,20 +50,21 @@ void frmStich::chooseCutOutDirectory() {
 }
 
 void frmStich::runShow(bool run) {
+    showRuns_ = run;
     if (run) Timer2_Tick();
-    Timer2.setEnabled(run);
-    EnableToolbar1(true);
+    Timer2.setEnabled(showRuns_);
+    EnableToolbar1(lvCItems.count() > 0);
 }
 
+// The timer rests while the next picture is brought, so that ticks never pile up. What is handled meanwhile
+// may stop the show.
 void frmStich::Timer2_Tick() {
     const int count = lvCItems.count();
     if (count == 0) return;
     const int row = mListView::GetSelectedIndex(lvCItems);
-    // A picture that takes longer than the interval must not let ticks pile up.
-    const bool running = Timer2.enabled();
     Timer2.setEnabled(false);
-    GoToItem(row == count ? 1 : row + 1);
-    Timer2.setEnabled(running);
+    platform::application::guard([&] { GoToItem(row == count ? 1 : row + 1); });
+    Timer2.setEnabled(showRuns_);
 }
 
 void frmStich::Slider1_Change() {

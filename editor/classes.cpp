@@ -82,6 +82,7 @@ void frmStich::btnCRename_Click() {
 }
 
 bool frmStich::lvCClasses_AfterLabelEdit(int row, const std::string& text) {
+    if (text.empty()) return false;
     if (set_.findClass(text, row) != 0) return refuseName(lvCClasses, row);
     set_.renameClass(row, text);
     cboStdClass.replace(row - 1, text);

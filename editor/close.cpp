@@ -19,7 +19,12 @@ void frmStich::Form_Unload() {
     Timer1.setEnabled(false);
     Timer2.setEnabled(false);
     WriteProp();
-    frmError_.reset();
+    leaveMissingFiles();
+}
+
+// Whoever shows the dialog still needs it.
+void frmStich::leaveMissingFiles() {
+    if (frmError_) frmError_->form.hide();
 }
 
 void frmStich::btnOK_Click() {
@@ -30,7 +35,7 @@ void frmStich::btnAbbr_Click() {
     Timer1.setEnabled(false);
     Timer2.setEnabled(false);
     set_.setUnchanged(true);
-    frmError_.reset();
+    leaveMissingFiles();
     platform::application::doEvents();
     form.unload();
 }

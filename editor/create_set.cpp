@@ -29,6 +29,10 @@ void frmStich::btnPath_Click() {
     }
 }
 
+void frmStich::browse(const std::string& directory) {
+    if (platform::files::directoryExists(directory)) Datei1.setPath(directory);
+}
+
 void frmStich::Datei1_PathChange() {
     txtPath.setText(CheckPath(Datei1.path()));
     sourceFiles_ = Datei1.files();
@@ -60,6 +64,7 @@ void frmStich::ListView1_ItemClick(int row) {
     const platform::application::WaitCursor wait;
     // The picture is none of the set: until an item is chosen again a class button has nothing to label.
     mListView::UnselectAll(lvCItems);
+    shownRow_ = 0;
     showPicture(path::join(Datei1.path(), sourceFiles_[static_cast<std::size_t>(row - 1)].name));
 }
 
@@ -103,7 +108,9 @@ void frmStich::btnR_Click() {
     mListView::UnselectAll(ListView2);
     mListView::UnselectAll(lvCItems);
     samplesChanged();
-    if (current > 0 && !removed) lvCItems.selectOnly(current - static_cast<int>(before - rows.begin()));
+    if (current == 0 || removed) return;
+    shownRow_ = current - static_cast<int>(before - rows.begin());
+    lvCItems.selectOnly(shownRow_);
 }
 
 void frmStich::btnRA_Click() {
@@ -124,6 +131,7 @@ void frmStich::chkDouble_Click() {
 }
 
 void frmStich::samplesChanged() {
+    shownRow_ = 0;
     NumberItems();
     SetItemCount(set_.sampleCount());
 }

@@ -201,7 +201,10 @@ void frmStich::connectPicture() {
         showGeometry(X, Y, dX, dY);
         set_.regionMoved();
     };
-    kvPictureBox1.onLoadFailed = [this](const std::string& reason) { tell(reason); };
+    kvPictureBox1.onLoadFailed = [this](const std::string& reason) {
+        SetPicSize(0, 0, 0, 0);
+        tell(reason);
+    };
     chkStretch.onClick = [this] { kvPictureBox1.Stretch(chkStretch.checked()); };
 
     Toolbar1.onButtonClick = [this](const platform::Toolbar::Button& button) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -44,7 +43,7 @@ class frmStich : public shell::EditorWindow {
     void offerWholePicture() override;
     void enableGrab(bool available) override { btnGrab.setEnabled(available); }
     void useDirectories(const shell::Directories& directories) override;
-    void browse(const std::string& directory) override { Datei1.setPath(directory); }
+    void browse(const std::string& directory) override;
     void TabStrip1_Click() override;
 
     // Sets ----------------------------------------------------------------------------------------------
@@ -166,7 +165,7 @@ class frmStich : public shell::EditorWindow {
     void connectLists();
     void connectSourceList();
     void connectSampleLists();
-    void watchShift(platform::ListView& list, const std::function<void(int row)>& itemClick);
+    void watchShift(platform::ListView& list);
     std::string classText(int row) const;
     void connectPicture();
     void Form_Initialize();
@@ -188,11 +187,13 @@ class frmStich : public shell::EditorWindow {
     shell::EditorSettings settings() const;
 
     void cboSets_Click();
+    void leaveMissingFiles();
     void btnSave_Click();
     void btnGrab_Click();
     void btnOK_Click();
     void btnAbbr_Click();
     int say(const std::string& text, int codes);
+    bool leaveSet(const std::string& name);
     bool checkTarget(const std::string& name);
     void chooseSet(int index);
     std::string setFile(const std::string& name) const;
@@ -202,7 +203,9 @@ class frmStich : public shell::EditorWindow {
     void takeOver(OpenSet set, const std::vector<RegionRect>& rectangles);
     std::vector<RegionRect> rectangles() const;
     void showFirstItem();
-    void removeMissing();
+    void tellStray(int count);
+    void removeSamples(const std::vector<shell::frmError::Missing>& missing);
+    void removeAllRegions();
     void listMissing();
 
     void showClasses();
@@ -234,6 +237,9 @@ class frmStich : public shell::EditorWindow {
     void addSamples(const std::vector<int>& sourceRows);
     void samplesChanged();
 
+    void label(int row, std::int16_t classIndex);
+    void labelSeen(std::int16_t classIndex);
+    bool showItem(int row);
     void showPicture(const std::string& path);
     void tell(const std::string& hint);
     void Toolbar1_ButtonClick(const std::string& key);
@@ -249,7 +255,8 @@ class frmStich : public shell::EditorWindow {
     std::string dataDirectory_;  // base of the stored picture paths
     std::string setsDirectory_;  // with a backslash at its end
     std::vector<std::string> setNames_;
-    std::string setName_;  // as last committed
+    std::string openName_;  // of the set that is open; empty while it has none
+    std::string setName_;   // as last committed
     int setIndex_ = -1;
     bool suppressChooser_ = false;
 
@@ -261,6 +268,8 @@ class frmStich : public shell::EditorWindow {
     int sourceShift_ = 0;  // Shift argument of the last mouse-down while the button is held
     bool sortDescending_ = false;
     bool showingItem_ = false;  // while a picture is on its way to the screen
+    int shownRow_ = 0;          // the item whose picture is seen, 0 for none
+    bool showRuns_ = false;     // the slide show, also while its timer waits for a picture
     int layoutTicks_ = 0;
     int iconSize_ = 0;  // pixels, of the icons that are in use
 };

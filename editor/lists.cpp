@@ -52,7 +52,7 @@ void frmStich::connectLists() {
     lvROIs.cell = [this](int row, int subItem) {
         return subItem == 0 ? set_.regionRow(row).name : set_.regionRow(row).description;
     };
-    lvROIs.onItemClick = [this](int row) { kvPictureBox1.ROI_Select(static_cast<std::int16_t>(row)); };
+    lvROIs.onItemClick = [this](int row) { kvPictureBox1.ROI_Select(row); };
     lvROIs.onDoubleClick = [this](int) { btnROIRename_Click(); };
     lvROIs.onKeyDown = [this](int key, int) { lvROIs_KeyDown(key); };
     lvROIs.onLabelEdited = [this](int row, const std::string& text) {
@@ -78,7 +78,7 @@ void frmStich::connectSourceList() {
     ListView1.onColumnClick = [this](int column) { ListView1_ColumnClick(column); };
     ListView1.onItemClick = [this](int row) { ListView1_ItemClick(row); };
     ListView1.onDoubleClick = [this](int) { btn_Click(); };
-    watchShift(ListView1, [this](int row) { ListView1_ItemClick(row); });
+    watchShift(ListView1);
 }
 
 void frmStich::connectSampleLists() {
@@ -90,7 +90,7 @@ void frmStich::connectSampleLists() {
     ListView2.onKeyDown = [this](int key, int) {
         if (key == platform::keyCode::del) btnR_Click();
     };
-    watchShift(ListView2, [this](int row) { ListView2_ItemClick(row); });
+    watchShift(ListView2);
 
     lvCItems.cell = [this](int row, int subItem) -> std::string {
         switch (subItem) {
@@ -117,14 +117,9 @@ std::string frmStich::classText(int row) const {
     return classIndex < set_.classCount() ? set_.classRow(classIndex + 1).name : std::string();
 }
 
-// While Shift is held a range is being selected: no picture is loaded then, neither by the press itself nor
-// by the rows that it selects.
-void frmStich::watchShift(ListView& list, const std::function<void(int row)>& itemClick) {
-    list.onMouseDown = [this, &list, itemClick](MouseButton, int shift, Point point) {
-        const int row = list.hitTest(point);
-        if (row > 0 && (shift & platform::shiftKey::shift) == 0) itemClick(row);
-        sourceShift_ = shift;
-    };
+// While Shift is held a range is being selected: no picture is loaded for its rows.
+void frmStich::watchShift(ListView& list) {
+    list.onMouseDown = [this](MouseButton, int shift, Point) { sourceShift_ = shift; };
     list.onMouseUp = [this](MouseButton, int, Point) { sourceShift_ = 0; };
     list.onKeyUp = [this](int, int) { sourceShift_ = 0; };
 }

@@ -4,7 +4,6 @@
 #include "editor/frmStich.h"
 #include "editor/mListView.h"
 #include "editor/set_io.h"
-#include "model/set_file_names.h"
 #include "platform/dialogs.h"
 #include "platform/errors.h"
 
@@ -20,27 +19,30 @@ std::int16_t frmStich::LoadFile(const std::string& path) {
         say("Die Stichprobe kann nicht geöffnet werden.\r\n" + failure.description(), message::exclamation);
         return shell::notOpened;
     }
-    OpenSet previous = std::move(set_);
     const auto previousRectangles = rectangles();
     const int previousRow = mListView::GetSelectedIndex(lvCItems);
+    const int previousRegion = cboROI.listIndex();
+    OpenSet previous = std::move(set_);
 
     takeOver(std::move(loaded.set), loaded.rectangles);
+    if (loaded.strayAssignments > 0) set_.setUnchanged(false);
     listMissing();
     const std::int16_t result = CheckItems();
     if (result == shell::notOpened) {
         takeOver(std::move(previous), previousRectangles);
+        cboROI.setListIndex(previousRegion);
         if (previousRow > 0) GoToItem(previousRow);
         return result;
     }
-    if (frmError_) frmError_.reset();
+    if (loaded.strayAssignments > 0) tellStray(loaded.strayAssignments);
     if (result == shell::frmError::closed) showFirstItem();
-    if (loaded.strayAssignments > 0) {
-        say("Die Stichprobe ordnet " + std::to_string(loaded.strayAssignments) +
-                " mal eine Klasse zu, die es nicht gibt. Dort gilt jetzt die Standardklasse.",
-            message::exclamation);
-        set_.setUnchanged(false);
-    }
     return result;
+}
+
+void frmStich::tellStray(int count) {
+    say("Die Stichprobe ordnet " + std::to_string(count) +
+            " mal eine Klasse zu, die es nicht gibt. Dort gilt jetzt die Standardklasse.",
+        message::exclamation);
 }
 
 void frmStich::listMissing() {
@@ -57,29 +59,33 @@ void frmStich::listMissing() {
 
 std::int16_t frmStich::CheckItems() {
     if (!frmError_) return shell::frmError::closed;
+    Timer2.setEnabled(false);  // the set is not accepted yet
     frmError_->showModal();
-    const auto state = frmError_->ExitState();
-    if (state == shell::frmError::cancelled) frmError_.reset();
-    if (state == shell::frmError::removeRest) removeMissing();
+    // Until here the dialog is needed, even if this window was closed behind it.
+    const auto dialog = std::move(frmError_);
+    if (!form.loaded()) return shell::notOpened;
+    Timer2.setEnabled(showRuns_);
+
+    const auto state = static_cast<std::int16_t>(dialog->ExitState());
+    ListView2.redrawAll();
+    lvCItems.redrawAll();
+    if (state == shell::frmError::removeRest) removeSamples(dialog->missing());
     if (state == shell::frmError::removeRest || state == shell::frmError::foundAll) {
-        ListView2.redrawAll();
-        lvCItems.redrawAll();
-        if (set_.sampleCount() > 0) {
-            showFirstItem();
-        } else {
-            while (set_.regionCount() > 0) {
-                lvROIs.selectOnly(1);
-                btnROIDel_Click();
-            }
-        }
-        frmError_.reset();
+        showFirstItem();
+        if (set_.sampleCount() == 0) removeAllRegions();
     }
-    return static_cast<std::int16_t>(state);
+    return state;
 }
 
-void frmStich::removeMissing() {
+void frmStich::removeAllRegions() {
+    while (set_.regionCount() > 0) {
+        lvROIs.selectOnly(1);
+        btnROIDel_Click();
+    }
+}
+
+void frmStich::removeSamples(const std::vector<shell::frmError::Missing>& missing) {
     mListView::UnselectAll(ListView2);
-    const auto& missing = frmError_->missing();
     std::for_each(missing.rbegin(), missing.rend(),
                   [&](const auto& file) { ListView2.select(file.position); });
     btnR_Click();
@@ -87,6 +93,7 @@ void frmStich::removeMissing() {
 
 void frmStich::takeOver(OpenSet set, const std::vector<RegionRect>& rects) {
     set_ = std::move(set);
+    shownRow_ = 0;
     mListView::UnselectAll(ListView2);
     mListView::UnselectAll(lvCItems);
     chkDouble.setChecked(set_.doubleSelection());

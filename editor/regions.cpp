@@ -27,10 +27,8 @@ void frmStich::showRegions() {
 }
 
 void frmStich::cboROI_Click() {
-    if (cboROI.listIndex() < 0) return;
-    kvPictureBox1.ROI_Select(static_cast<std::int16_t>(cboROI.listIndex()));
-    lvCItems.redrawAll();
-    ShowInfoLine();
+    if (suppressChooser_ || cboROI.listIndex() < 0) return;
+    kvPictureBox1.ROI_Select(cboROI.listIndex());
 }
 
 void frmStich::kvPictureBox1_ROIselect(std::int32_t index, std::int32_t X, std::int32_t Y, std::int32_t dX,
@@ -42,7 +40,10 @@ void frmStich::kvPictureBox1_ROIselect(std::int32_t index, std::int32_t X, std::
     } else {
         mListView::UnselectAll(lvROIs);
     }
-    if (cboROI.listIndex() != index) cboROI.setListIndex(index);
+    suppressChooser_ = true;
+    cboROI.setListIndex(index);
+    suppressChooser_ = false;
+    lvCItems.redrawAll();
     ShowInfoLine();
     EnableToolbar1(set_.sampleCount() > 0);
 }
@@ -71,8 +72,7 @@ void frmStich::btnROIDel_Click() {
     kvPictureBox1.ROI_Remove(static_cast<std::int16_t>(row - 1));
     lvROIs.setCount(set_.regionCount());
     cboROI.remove(row);
-    kvPictureBox1.ROI_Select(static_cast<std::int16_t>(isLast ? row - 1 : row));
-    lvCItems.redrawAll();
+    kvPictureBox1.ROI_Select(isLast ? row - 1 : row);
 }
 
 void frmStich::btnROIRename_Click() {
@@ -80,6 +80,7 @@ void frmStich::btnROIRename_Click() {
 }
 
 bool frmStich::lvROIs_AfterLabelEdit(int row, const std::string& text) {
+    if (text.empty()) return false;
     if (set_.findRegion(text, row) != 0) return refuseName(lvROIs, row);
     set_.renameRegion(row, text);
     cboROI.replace(row, text);

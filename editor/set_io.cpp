@@ -29,8 +29,18 @@ struct Source {
     std::string_view text(std::string_view section, std::string_view key, std::string_view whenAbsent = "") {
         return file.peek(section, key, whenAbsent);
     }
-    std::int32_t number(std::string_view section, std::string_view key, std::string_view whenAbsent = "") {
-        return set_file::numberAt(text(section, key, whenAbsent), section, key, fileName);
+    std::int32_t number(std::string_view section, std::string_view key) {
+        return set_file::numberAt(text(section, key), section, key, fileName);
+    }
+    std::int32_t number(std::string_view section, std::string_view key, std::int32_t whenEmpty) {
+        return text(section, key).empty() ? whenEmpty : number(section, key);
+    }
+    /// A length whose far edge must be a number, too.
+    std::int32_t length(std::string_view section, std::string_view key, std::int32_t start) {
+        const std::int32_t found = number(section, key);
+        const std::string problem = set_file::edgeProblem(start, found, section, key);
+        if (!problem.empty()) throw set_file::refusal(fileName, problem);
+        return found;
     }
 };
 
@@ -81,8 +91,10 @@ void readRegions(Source& source, int count, LoadedSet& loaded) {
         loaded.set.addRegion(source.text(section, set_file::nameKey, set_file::defaultRegionName(n)),
                              source.text(section, set_file::descriptionKey));
         const auto number = [&](std::string_view key) { return source.number(section, key); };
-        loaded.rectangles.push_back({number(set_file::xKey), number(set_file::yKey), number(set_file::dxKey),
-                                     number(set_file::dyKey)});
+        const std::int32_t x = number(set_file::xKey);
+        const std::int32_t y = number(set_file::yKey);
+        loaded.rectangles.push_back(
+            {x, y, source.length(section, set_file::dxKey, x), source.length(section, set_file::dyKey, y)});
     }
 }
 
@@ -112,12 +124,13 @@ void readAssignments(Source& source, const set_file::Counts& counts, LoadedSet& 
 LoadedSet readSet(const std::string& fileName, const std::string& appPath) {
     Source source{ProfileFile(fileName), fileName};
     const set_file::Counts counts = set_file::readCounts(source.file, fileName);
-    const std::int32_t standard = source.number(set_file::commonSection, set_file::stdClassKey,
-                                                std::to_string(set_file::defaultStdClass));
+    const std::int32_t standard =
+        source.number(set_file::commonSection, set_file::stdClassKey, set_file::defaultStdClass);
     LoadedSet loaded;
     readClasses(source, counts.classes, loaded.set);
     loaded.set.setStandardClass(standard >= 1 && standard <= counts.classes ? standard - 1 : 0);
-    loaded.set.setDoubleSelection(source.text(set_file::commonSection, set_file::doubleSelectionKey) == "1");
+    loaded.set.setDoubleSelection(source.number(set_file::commonSection, set_file::doubleSelectionKey, 0) !=
+                                  0);
     readRegions(source, counts.rois, loaded);
     readItems(source, counts.items, appPath, loaded.set);
     readAssignments(source, counts, loaded);

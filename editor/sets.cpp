@@ -37,6 +37,7 @@ std::string frmStich::setFile(const std::string& name) const {
 
 void frmStich::SearchSets(bool fill) {
     setNames_.clear();
+    if (!files::directoryExists(setsDirectory_)) return;
     for (const auto& entry : files::list(setsDirectory_)) {
         const bool isSet =
             !entry.isDirectory && text::equalNoCase(path::extension(entry.name), shell::setExtension);
@@ -75,22 +76,31 @@ void frmStich::cboSets_Click() {
     if (suppressChooser_) return;
     const platform::application::WaitCursor wait;
     const std::string chosen = cboSets.text();
-    if (!text::equalNoCase(chosen, setName_) && set_.sampleCount() > 0 && !set_.unchanged()) {
-        const int answer = say("Änderungen in  \"" + setName_ + shell::setExtension + "\" speichern?",
-                               message::yesNo | message::question);
-        if (answer == message::yes && !SaveSetAs(setName_)) {
-            chooseSet(setIndex_);
-            return;
-        }
+    // Typing commits a name as well; the set that is left is the one that is open.
+    const bool isCommitted = text::equalNoCase(chosen, setName_);
+    const bool isOpen = isCommitted && text::equalNoCase(chosen, openName_);
+    if (!isOpen && !leaveSet(isCommitted ? openName_ : setName_)) {
+        chooseSet(setIndex_);
+        return;
     }
     if (LoadFile(setFile(chosen)) == shell::notOpened) {
         // What was open still is; a set with a file is read again, as its changes were saved or given up.
-        if (!setName_.empty() && files::fileExists(setFile(setName_))) LoadFile(setFile(setName_));
+        const bool again = !openName_.empty() && !text::equalNoCase(chosen, openName_);
+        if (again && files::fileExists(setFile(openName_))) LoadFile(setFile(openName_));
         chooseSet(setIndex_);
     } else {
         cboSets_Change();
+        openName_ = chosen;
     }
     SetItemCount(set_.sampleCount());
+}
+
+// Asks about changes; false when they could not be saved as the user wished.
+bool frmStich::leaveSet(const std::string& name) {
+    if (set_.sampleCount() == 0 || set_.unchanged()) return true;
+    const int answer = say("Änderungen in  \"" + name + shell::setExtension + "\" speichern?",
+                           message::yesNo | message::question);
+    return answer != message::yes || SaveSetAs(name);
 }
 
 bool frmStich::checkTarget(const std::string& name) {
@@ -121,7 +131,7 @@ bool frmStich::SaveSetAs(const std::string& name) {
         say("Sie haben keine Dateien ausgewählt!", message::exclamation);
         return false;
     }
-    if (files::directoryExists(setsDirectory_)) SearchSets(false);
+    SearchSets(false);
     if (!checkTarget(name)) return false;
     const bool isThere = std::any_of(setNames_.begin(), setNames_.end(),
                                      [&](const auto& known) { return text::equalNoCase(known, name); });
@@ -166,6 +176,7 @@ void frmStich::btnSave_Click() {
         if (text::equalNoCase(cboSets.item(i), name)) chooseSet(i);
     }
     cboSets_Change();
+    openName_ = name;
 }
 
 }  // namespace editor

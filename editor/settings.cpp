@@ -1,4 +1,6 @@
 // What the window keeps between runs.
+#include <algorithm>
+
 #include "editor/frmStich.h"
 #include "platform/dialogs.h"
 
@@ -8,6 +10,7 @@ namespace {
 
 constexpr const char* firstSaveCommand = "btnSaveROI";
 constexpr const char* saveButton = "btnSave";
+constexpr int furthestBar = 20000;  // no screen is larger, and nothing computed from it overflows
 
 }  // namespace
 
@@ -35,8 +38,8 @@ void frmStich::ReadProp() {
             if (entry.key == stored.saveSatus) Toolbar1_MenuClick(entry);
         }
     }
-    kvBar2.setPosition(stored.bar2);
-    kvBar3.setPosition(stored.bar3);
+    kvBar2.setPosition(std::clamp(stored.bar2, 0, furthestBar));
+    kvBar3.setPosition(std::clamp(stored.bar3, 0, furthestBar));
     platform::ListView* const lists[] = {&ListView1, &ListView2, &lvROIs, &lvCClasses, &lvCItems};
     for (std::size_t i = 0; i < stored.lists.size(); ++i) lists[i]->setLayout(stored.lists[i]);
     layOut();

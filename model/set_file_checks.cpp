@@ -1,5 +1,7 @@
 #include "model/set_file_checks.h"
 
+#include <limits>
+
 #include "model/set_file_names.h"
 #include "platform/text.h"
 
@@ -42,6 +44,14 @@ std::string numberProblem(std::string_view value, std::string_view section, std:
         return problem.description();
     }
     return {};
+}
+
+std::string edgeProblem(std::int32_t start, std::int32_t length, std::string_view section,
+                        std::string_view key) {
+    const std::int64_t edge = std::int64_t{start} + length;
+    if (edge >= std::numeric_limits<std::int32_t>::min() && edge <= std::numeric_limits<std::int32_t>::max())
+        return {};
+    return place(section, key) + ": Der Bereich reicht über alle Zahlen hinaus.";
 }
 
 std::vector<std::string> countProblems(const CountTexts& texts, std::size_t lines, Counts& counts) {

@@ -18,6 +18,9 @@ std::string place(std::string_view section, std::string_view key);
 /// Empty when the value is a whole number.
 std::string numberProblem(std::string_view value, std::string_view section, std::string_view key);
 
+/// Empty when a region that begins there and is so long ends at a number as well.
+std::string edgeProblem(std::int32_t start, std::int32_t length, std::string_view section, std::string_view key);
+
 struct Counts {
     std::int32_t classes = 0;
     std::int32_t rois = 0;

@@ -138,8 +138,18 @@ class Inspector {
         if (!possible) say(section, key, "Die Klasse " + std::to_string(number) + " gibt es nicht.");
     }
 
+    void inspectEdge(const Section& section, std::string_view startKey, std::string_view lengthKey) {
+        const auto start = text::parseInt32(value(section, startKey));
+        const auto length = text::parseInt32(value(section, lengthKey));
+        if (!start || !length) return;
+        std::string problem = edgeProblem(*start, *length, section.name(), lengthKey);
+        if (!problem.empty()) say(std::move(problem));
+    }
+
     void inspectRegion(const Section& section, std::int32_t n) {
         for (const std::string_view key : {xKey, yKey, dxKey, dyKey}) inspectNumber(section, key, n == 0);
+        inspectEdge(section, xKey, dxKey);
+        inspectEdge(section, yKey, dyKey);
         inspectNumber(section, zKey, true);
         inspectNumbering(section, {nameKey, descriptionKey, xKey, yKey, dxKey, dyKey, zKey});
         for (std::size_t i = 0; i < section.size(); ++i) {

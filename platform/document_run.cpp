@@ -2,26 +2,8 @@
 
 namespace platform::profile {
 
-namespace {
-
-constexpr std::size_t mostDigits = 9;  // always fit
-
-/// Empty behind the last number.
-void increment(std::string& digits) {
-    for (auto digit = digits.rbegin(); digit != digits.rend(); *digit++ = '0')
-        if (*digit != '9') {
-            ++*digit;
-            return;
-        }
-    if (digits.size() == mostDigits)
-        digits.clear();
-    else
-        digits.insert(0, 1, '1');
-}
-
-}  // namespace
-
 std::optional<std::uint32_t> keyNumber(std::string_view key) {
+    static constexpr std::size_t mostDigits = 9;  // always fit
     if (key.empty() || key.size() > mostDigits || (key[0] == '0' && key.size() > 1)) return std::nullopt;
     std::uint32_t number = 0;
     for (const char c : key) {
@@ -32,21 +14,13 @@ std::optional<std::uint32_t> keyNumber(std::string_view key) {
 }
 
 void RunFinder::next(std::string_view key) {
-    if (!expected_.empty() && key == expected_) {
+    const auto number = keyNumber(key);
+    if (number && last_.length > 0 && *number == last_.first + last_.length)
         ++last_.length;
-        increment(expected_);
-    } else {
-        begin(key);
-    }
+    else
+        last_ = number ? KeyRun{told_, 1, *number} : KeyRun{};
     if (last_.length > longest_.length) longest_ = last_;
     ++told_;
-}
-
-void RunFinder::begin(std::string_view key) {
-    const auto number = keyNumber(key);
-    last_ = number ? KeyRun{told_, 1, *number} : KeyRun{};
-    expected_ = number ? key : std::string_view();
-    increment(expected_);
 }
 
 }  // namespace platform::profile

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace platform::profile {
@@ -27,10 +26,8 @@ class RunFinder {
     const KeyRun& longest() const { return longest_; }
 
   private:
-    void begin(std::string_view key);
     KeyRun longest_;
     KeyRun last_;
-    std::string expected_;  // the key that continues the last run; comparing is quicker than reading numbers
     std::size_t told_ = 0;
 };
 

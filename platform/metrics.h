@@ -20,7 +20,9 @@ struct Metrics {
     int tabHeight = 22;       ///< the strip of a tab control
 
     /// Pixels for a length given for 96 dots per inch, rounded.
-    constexpr int px(int at96) const { return (at96 * dpi + (at96 < 0 ? -48 : 48)) / 96; }
+    constexpr int px(int at96) const {
+        return static_cast<int>((static_cast<long long>(at96) * dpi + (at96 < 0 ? -48 : 48)) / 96);
+    }
 };
 
 Metrics metricsOf(const Control& control);

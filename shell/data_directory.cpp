@@ -46,7 +46,6 @@ Directories workingDirectories(platform::Registry& registry, const Environment& 
         result = under(environment.programDirectory);
         useProgramDirectory(registry);
     }
-    files::createDirectories(result.sets);
     return result;
 }
 

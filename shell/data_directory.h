@@ -18,8 +18,7 @@ struct Directories {
     std::string sets;
     std::string pictures;
 };
-/// Those below the data directory; when either is missing there, those below the program directory. The
-/// directory of the sets exists afterwards. RuntimeError when it cannot be made.
+/// Those below the data directory; when either is missing there, those below the program directory.
 Directories workingDirectories(platform::Registry& registry, const Environment& environment);
 
 /// Where pictures lie by default: the data directory's, with a backslash at its end.

@@ -44,6 +44,8 @@ bool start(EditorWindow& editor, const Environment& environment, const std::stri
 
     platform::Registry registry(environment.registryRoot);
     const Directories directories = workingDirectories(registry, environment);
+    // Without a place for sets the editor can still be used on one from elsewhere.
+    platform::application::guard([&] { platform::files::createDirectories(directories.sets); });
     editor.useDirectories(directories);
     editor.SearchSets(true);
     editor.browse(directories.sets);

@@ -129,8 +129,43 @@ TEST_F(Labelling, APictureThatCannotBeReadIsNamed) {
     platform::files::replace(w.ItemPath(2), "BM");
     user::clickRow(w.lvCItems, 2);
     EXPECT_NE(w.lblHint.caption(), "");
+    EXPECT_TRUE(w.lblHint.visible());
+    EXPECT_EQ(w.txtSize.text(), "");
     user::clickRow(w.lvCItems, 3);
     EXPECT_EQ(w.lblHint.caption(), "");
+}
+
+// What arrives while the next picture is on its way.
+TEST_F(Labelling, APressMadeBeforeTheNextPictureIsSeenMeansTheOneThatIs) {
+    auto& w = window();
+    platform::application::post(w.form, [&] { w.kvButtonList1_Click(2); });
+    w.GoToItem(2);
+    EXPECT_EQ(w.ItemClasses(1, 0), 2) << "the first picture was still on the screen";
+    EXPECT_EQ(w.ItemClasses(2, 0), 0);
+    EXPECT_EQ(current(), 2);
+}
+
+TEST_F(Labelling, AnotherChoiceMadeMeanwhileCounts) {
+    auto& w = window();
+    platform::application::post(w.form, [&] { w.GoToItem(3); });
+    w.GoToItem(2);
+    EXPECT_EQ(current(), 3);
+    EXPECT_EQ(w.kvPictureBox1.FileName(), w.ItemPath(3));
+    EXPECT_EQ(w.ListView2.firstSelected(), 3);
+    platform::application::post(w.form, [&] { w.btnRA_Click(); });
+    w.GoToItem(1);
+    EXPECT_EQ(w.lvCItems.count(), 0);
+    EXPECT_EQ(w.ListView2.selectedCount(), 0);
+}
+
+TEST_F(Labelling, StopHoldsEvenInTheMiddleOfATick) {
+    auto& w = window();
+    user::press(w.Toolbar1, "btnLoop");
+    platform::application::post(w.form, [&] { user::press(w.Toolbar1, "btnStop"); });
+    user::tick(w.Timer2);
+    EXPECT_FALSE(w.Timer2.enabled());
+    EXPECT_TRUE(w.Toolbar1.enabled(6));
+    EXPECT_FALSE(w.Toolbar1.enabled(7));
 }
 
 TEST_F(Labelling, RemovedFilesLeaveTheOthersTheirClasses) {

@@ -217,6 +217,7 @@ TEST_F(SetFile, DamagedFilesAreRefusedWithTheirPlace) {
         {"[ROI0]\r\n1=1", "[ROI0]\r\n1=eins", "ROI0"},
         {"[ROI1]", "[ROI7]", "ROI1"},
         {"dX=3", "dX=3.5", "dX"},
+        {"dX=3", "dX=2147483647", "dX"},
     };
     platform::files::replace(file, good);
     EXPECT_NO_THROW(editor::readSet(file, "C:\\p"));

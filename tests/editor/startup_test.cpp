@@ -43,6 +43,7 @@ TEST_F(StartUp, AnIncompleteDataDirectoryGivesWayAndTheSetsDirectoryIsMade) {
     EXPECT_EQ(directories.sets, folder.file("Programm\\TestSets\\"));
     EXPECT_EQ(directories.pictures, folder.file("Programm\\Picture\\"));
     EXPECT_EQ(registry.read("", "DataPath"), "0");
+    start();
     EXPECT_TRUE(platform::files::directoryExists(folder.file("Programm\\TestSets")));
 }
 

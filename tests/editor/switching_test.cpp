@@ -190,6 +190,16 @@ TEST_F(Switching, ChoosingTheCurrentSetReadsItAgainWithoutAQuestion) {
     EXPECT_EQ(window().ItemClasses(1, 0), 0);
 }
 
+TEST_F(Switching, TypingTheNameOfAnotherSetDoesNotHideTheChangesOfTheOpenOne) {
+    openByChooser("A");
+    pressClass(1);
+    user::type(window().cboSets, "B");
+    messages.expect(saveA, message::yes).expect(overwriteA, message::ok);
+    openByChooser("B");
+    EXPECT_EQ(stored("A", "ROI0", "1"), "2");
+    EXPECT_EQ(window().set().sampleCount(), 4);
+}
+
 TEST_F(Switching, TheListOfSetsIsAsWideAsItsLongestName) {
     makeSet("ein ganz besonders langer Name für eine Stichprobe von vielen Bildern", {});
     restart();
@@ -205,6 +215,7 @@ class Missing : public EditorTest {
     void SetUp() override {
         makeSet("A", {.pictures = 4, .regions = {"Kopf"}});
         makeSet("B", {.pictures = 1});
+        makeSet("C", {.pictures = 2, .regions = {"Auge"}});
         platform::files::createDirectories(folder.file("Umzug"));
         for (const char* name : {"bild2.bmp", "bild3.bmp"}) {
             platform::files::replace(folder.file("Umzug\\") + name, platform::files::read(old(name)));
@@ -228,6 +239,30 @@ TEST_F(Missing, GivingUpKeepsTheSetThatWasOpen) {
     EXPECT_EQ(window().cboSets.text(), "B");
     EXPECT_EQ(window().lvCItems.count(), 1);
     EXPECT_TRUE(window().unchanged());
+}
+
+TEST_F(Missing, GivingUpKeepsAnUnnamedSetWithItsLabelsAndRegions) {
+    restart(folder.file("TestSets\\C.kvs"));
+    auto& w = window();
+    pressClass(2);
+    user::choose(w.cboROI, 1);
+    messages.expect("Änderungen in  \".kvs\" speichern?", message::no);
+    user::ModalUser dialog(
+        [](platform::Form& form) { user::press(user::find<platform::Button>(form, "btnAbbr")); });
+    openByChooser("A");
+    EXPECT_EQ(w.ItemClasses(1, 0), 2);
+    EXPECT_EQ(w.cboROI.listIndex(), 1);
+    EXPECT_EQ(w.kvPictureBox1.regionRect(1), platform::Rect::at(1, 2, 3, 2));
+    EXPECT_EQ(current(), 2);
+    user::type(w.cboSets, "D");
+    user::press(w.btnSave);
+    EXPECT_EQ(stored("D", "ROI1", "dX"), "3");
+}
+
+TEST_F(Missing, ClosingTheProgramBehindTheDialogIsNoFault) {
+    user::ModalUser dialog([this](platform::Form&) { window().form.unload(); });
+    openByChooser("A");
+    EXPECT_FALSE(window().form.loaded());
 }
 
 TEST_F(Missing, OneFoundFileBringsItsNeighbours) {
