@@ -147,6 +147,8 @@ TEST_F(Creating, AFolderIsBrowsedAndProposesTheNameOfANewSet) {
 
 TEST_F(Creating, EveryColumnSortsInTheOneDirectionThatEachClickTurns) {
     auto& w = window();
+    w.kvBar2.setPosition(640);  // all columns in view
+    w.form.onResize();
     user::clickColumn(w.ListView1, 1);
     EXPECT_EQ(user::shown(w.ListView1, 1, 0), "bild10.bmp");
     user::clickColumn(w.ListView1, 2);
