@@ -45,6 +45,11 @@ class Reader {
         if (const auto found = platform::text::parseInt32(value)) return *found;
         return numberAt(value, name, std::to_string(sample), fileName_);
     }
+    void refuseFarEdge(std::int32_t start, std::int32_t length, std::string_view name,
+                       std::string_view key) const {
+        const std::string problem = edgeProblem(start, length, name, key);
+        if (!problem.empty()) throw refusal(fileName_, problem);
+    }
 
   private:
     const platform::ProfileDocument& document_;
@@ -126,6 +131,8 @@ void readRectangle(const Reader& reader, std::int32_t n, kvTamROI& roi) {
     roi.dX = edge(dxKey);
     roi.dY = edge(dyKey);
     roi.Z = reader.number(section, name, zKey, noValue);
+    reader.refuseFarEdge(roi.X, roi.dX, name, dxKey);
+    reader.refuseFarEdge(roi.Y, roi.dY, name, dyKey);
 }
 
 kvtamROIs readRegions(const Reader& reader, const Counts& counts) {

@@ -14,7 +14,7 @@ using profile::trimmed;
 
 struct ProfileDocument::Parser {
     ProfileDocument& document;
-    Section* current = nullptr;  // null where lines belong to nothing
+    Section* current = nullptr;    // null where lines belong to nothing
     profile::RunFinder runs = {};  // of the current section
 
     void line(std::string_view line) {

@@ -8,7 +8,16 @@
 namespace platform::profile {
 
 /// The number of a key that is written as we write numbers, of up to nine digits; empty for every other key.
-std::optional<std::uint32_t> keyNumber(std::string_view key);
+inline std::optional<std::uint32_t> keyNumber(std::string_view key) {
+    static constexpr std::size_t mostDigits = 9;  // always fit
+    if (key.empty() || key.size() > mostDigits || (key[0] == '0' && key.size() > 1)) return std::nullopt;
+    std::uint32_t number = 0;
+    for (const char c : key) {
+        if (c < '0' || c > '9') return std::nullopt;
+        number = number * 10 + static_cast<std::uint32_t>(c - '0');
+    }
+    return number;
+}
 
 /// Lines with the keys n, n + 1, n + 2, ..., which can be found by their number.
 struct KeyRun {
@@ -22,7 +31,16 @@ struct KeyRun {
 /// Finds the longest run of a section, whose keys it is told in their order.
 class RunFinder {
   public:
-    void next(std::string_view key);
+    void next(std::string_view key) {
+        const auto number = keyNumber(key);
+        if (number && last_.length > 0 && *number == last_.first + last_.length)
+            ++last_.length;
+        else
+            last_ = number ? KeyRun{told_, 1, *number} : KeyRun{};
+        if (last_.length > longest_.length) longest_ = last_;
+        ++told_;
+    }
+
     const KeyRun& longest() const { return longest_; }
 
   private:

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <charconv>
 
 #include "platform/document.h"
 #include "platform/document_text.h"
@@ -41,8 +42,16 @@ void ProfileWriter::set(std::string_view key, std::int32_t value) {
 void ProfileWriter::set(std::int32_t key, std::string_view value) {
     set(Decimal(key).text(), value);
 }
+
 void ProfileWriter::set(std::int32_t key, std::int32_t value) {
-    set(Decimal(key).text(), value);
+    static constexpr std::size_t longest = 11;  // "-2147483648"
+    char line[2 * longest + 3];                 // there are millions: each is appended in one piece
+    char* end = std::to_chars(line, line + longest, key).ptr;
+    *end++ = '=';
+    end = std::to_chars(end, end + longest, value).ptr;
+    *end++ = '\r';
+    *end++ = '\n';
+    text_.append(line, end);
 }
 
 void ProfileWriter::check(std::string_view key, std::string_view value) const {

@@ -55,6 +55,15 @@ TEST(ProfileDocument, ReadsLinesAsWindowsDoes) {
     for (const auto& c : cases) EXPECT_EQ(valueIn(c.bytes, "s", "k"), c.value) << c.bytes;
 }
 
+TEST(ProfileDocument, TellsItsLinesInTheirOrder) {
+    const auto document = ProfileDocument::parse("[s]\n \ta b = \" x \"\r\nc=\n;d=1\n=\n e=f=g\nh=");
+    const auto& section = document.section(0);
+    std::vector<std::pair<string, string>> lines;
+    for (std::size_t i = 0; i < section.size(); ++i) lines.emplace_back(section.key(i), section.value(i));
+    EXPECT_THAT(lines, testing::ElementsAre(testing::Pair("a b", " x "), testing::Pair("c", ""),
+                                            testing::Pair("e", "f=g"), testing::Pair("h", "")));
+}
+
 TEST(ProfileDocument, RecognisesItsEncoding) {
     EXPECT_EQ(valueIn("[s]\nk=Gr\xF6\xDF"s + "e \x80", "s", "k"), "Größe €");
     EXPECT_EQ(valueIn("[s]\nk=Größe", "s", "k"), "Größe");
@@ -84,6 +93,7 @@ TEST(ProfileDocument, FindsEveryKeyInAnyArrangement) {
         {"3", "1", "2", "10", "11", "12", "9"},
         {"0", "1", "007", "2", "-1", "+1", "4294967295", "99999999999"},
         {"5", "4", "3", "2", "1", "0"},
+        {"999999998", "999999999", "1000000000", "1000000001"},
         {"1", "Ä", "ö", "b", "c", "d", "e", "f", "g", "h", "i",
          "j", "k", "l", "m", "n", "o", "p", "q", "2", "3"},
         {"2", "4", "6", "8", "10", "12", "14", "16", "18", "20", "22", "24", "26", "28", "30", "32", "34",
@@ -163,6 +173,12 @@ TEST(ProfileWriter, ChoosesTheBytesThatWindowsUnderstands) {
     EXPECT_EQ(there("Größe"),
               "[s]\r\nk=Gr\xF6\xDF"
               "e\r\n");
+    ProfileWriter writer;
+    writer.section("s");
+    writer.set("Größe", 7);
+    EXPECT_EQ(writer.bytes(),
+              "[s]\r\nGr\xF6\xDF"
+              "e=7\r\n");
     EXPECT_EQ(there(" a "), "[s]\r\nk=\" a \"\r\n");
     EXPECT_THAT(there("Ω"), testing::StartsWith("\xFF\xFE[\0s\0]\0\r\0\n\0"s));
     EXPECT_THAT(there("ÃŸ"),

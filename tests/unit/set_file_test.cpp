@@ -56,6 +56,23 @@ TEST(SetFile, TakesWhatOthersWrite) {
     EXPECT_EQ(readFrom("[Common]\nClasses=0\nROIs=0\nItems=0").kvtamSamples().Count(), 0);
 }
 
+TEST(SetFile, GivesEverySampleOfALongFileItsClasses) {
+    constexpr int count = 1000;
+    string first, second;
+    for (int n = 1; n <= count; ++n) {
+        first += std::to_string(n) + "=" + std::to_string(n) + "\n";
+        second += std::to_string(n) + "=" + std::to_string(-n) + "\n";
+    }
+    const string bytes = "[Common]\nClasses=0\nROIs=2\nItems=1000\n[ROI0]\n" + first +
+                         "[ROI1]\nX=1\nY=2\ndX=3\ndY=4\n" + second + "[Items]\n" + first;
+    const kvTamSampleSet set = readFrom(bytes);
+    ASSERT_EQ(set.kvtamSamples().Count(), count);
+    for (int n = 1; n <= count; ++n) {
+        EXPECT_EQ(set.kvtamSamples().Item(n).FileName(), std::to_string(n));
+        EXPECT_THAT(set.kvtamSamples().Item(n).ItemClasses, ElementsAre(n, -n));
+    }
+}
+
 TEST(SetFile, RefusesWhatItCannotUnderstandAndSaysWhere) {
     struct {
         const char *place, *change, *section, *key;
