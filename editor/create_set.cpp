@@ -74,6 +74,7 @@ int frmStich::FindItemByPath(const std::string& file) const {
 
 void frmStich::addSamples(const std::vector<int>& sourceRows) {
     const std::string directory = path::normalise(txtPath.text());
+    const bool wasEmpty = set_.sampleCount() == 0;
     set_.reserveSamples(static_cast<std::size_t>(set_.sampleCount()) + sourceRows.size());
     for (const int row : sourceRows) {
         const std::string& name = sourceFiles_[static_cast<std::size_t>(row - 1)].name;
@@ -81,6 +82,7 @@ void frmStich::addSamples(const std::vector<int>& sourceRows) {
     }
     set_.setUnchanged(false);
     samplesChanged();
+    if (wasEmpty && set_.sampleCount() > 0) GoToItem(1);
 }
 
 void frmStich::btn_Click() {

@@ -196,6 +196,8 @@ class frmStich : public shell::EditorWindow {
     bool leaveSet(const std::string& name);
     bool checkTarget(const std::string& name);
     void chooseSet(int index);
+    void putChooserBack();
+    int listedSet(const std::string& name) const;
     std::string setFile(const std::string& name) const;
     void offerSaved(const std::string& name);
     void widenSetList();

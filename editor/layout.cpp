@@ -15,7 +15,7 @@ using platform::Metrics;
 using platform::Rect;
 
 // At 96 dots per inch.
-constexpr int smallestLeft = 255;
+constexpr int smallestLeft = 272;
 constexpr int smallestRight = 330;
 constexpr int smallestPage = 165;
 constexpr int smallestItems = 80;

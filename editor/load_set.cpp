@@ -40,8 +40,8 @@ std::int16_t frmStich::LoadFile(const std::string& path) {
 }
 
 void frmStich::tellStray(int count) {
-    say("Die Stichprobe ordnet " + std::to_string(count) +
-            " mal eine Klasse zu, die es nicht gibt. Dort gilt jetzt die Standardklasse.",
+    say("Die Stichprobe ordnet " + (count == 1 ? std::string("einmal") : std::to_string(count) + " mal") +
+            " eine Klasse zu, die es nicht gibt. Dort gilt jetzt die Standardklasse.",
         message::exclamation);
 }
 

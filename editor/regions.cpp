@@ -50,7 +50,11 @@ void frmStich::kvPictureBox1_ROIselect(std::int32_t index, std::int32_t X, std::
 
 void frmStich::showRegion(int row) {
     selectedRegion_ = row;
-    txtROIDescription.setEnabled(row > 0);
+    for (platform::Control* control :
+         {static_cast<platform::Control*>(&txtROIDescription), static_cast<platform::Control*>(&btnROIDel),
+          static_cast<platform::Control*>(&btnROIRename)}) {
+        control->setEnabled(row > 0);
+    }
     txtROIDescription.setText(row > 0 ? set_.regionRow(row).description : "");
     lblROICaption.setCaption("Bereich: " + (row > 0 ? set_.regionRow(row).name : "(kein)"));
     if (row > 0) return;

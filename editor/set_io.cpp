@@ -102,7 +102,15 @@ void readItems(Source& source, int count, const std::string& appPath, OpenSet& s
     StoredPaths paths(appPath);
     NumberKey number;
     set.reserveSamples(static_cast<std::size_t>(count));
-    for (int n = 1; n <= count; ++n) paths.addTo(set, source.text(set_file::itemsSection, number.of(n)));
+    for (int n = 1; n <= count; ++n) {
+        const std::string_view stored = source.text(set_file::itemsSection, number.of(n));
+        // A file that was cut off: its samples must not look like pictures that are gone.
+        if (stored.empty()) {
+            throw set_file::refusal(
+                source.fileName, set_file::place(set_file::itemsSection, number.of(n)) + ": Der Pfad fehlt.");
+        }
+        paths.addTo(set, stored);
+    }
 }
 
 void readAssignments(Source& source, const set_file::Counts& counts, LoadedSet& loaded) {

@@ -77,22 +77,37 @@ void frmStich::cboSets_Click() {
     const platform::application::WaitCursor wait;
     const std::string chosen = cboSets.text();
     // Typing commits a name as well; the set that is left is the one that is open.
-    const bool isCommitted = text::equalNoCase(chosen, setName_);
-    const bool isOpen = isCommitted && text::equalNoCase(chosen, openName_);
-    if (!isOpen && !leaveSet(isCommitted ? openName_ : setName_)) {
-        chooseSet(setIndex_);
+    const bool isOpen = text::equalNoCase(chosen, setName_) && text::equalNoCase(chosen, openName_);
+    if (!isOpen && !leaveSet(openName_.empty() ? setName_ : openName_)) {
+        putChooserBack();
         return;
     }
     if (LoadFile(setFile(chosen)) == shell::notOpened) {
         // What was open still is; a set with a file is read again, as its changes were saved or given up.
         const bool again = !openName_.empty() && !text::equalNoCase(chosen, openName_);
         if (again && files::fileExists(setFile(openName_))) LoadFile(setFile(openName_));
-        chooseSet(setIndex_);
+        putChooserBack();
     } else {
         cboSets_Change();
         openName_ = chosen;
     }
     SetItemCount(set_.sampleCount());
+}
+
+// To the set that is open.
+void frmStich::putChooserBack() {
+    if (!openName_.empty()) {
+        setName_ = openName_;
+        setIndex_ = listedSet(openName_);
+    }
+    chooseSet(setIndex_);
+}
+
+int frmStich::listedSet(const std::string& name) const {
+    for (int i = 0; i < cboSets.count(); ++i) {
+        if (text::equalNoCase(cboSets.item(i), name)) return i;
+    }
+    return -1;
 }
 
 // Asks about changes; false when they could not be saved as the user wished.
@@ -172,9 +187,7 @@ void frmStich::btnSave_Click() {
     const bool saved = SaveSetAs(name);
     set_.setUnchanged(saved);
     if (!saved) return;
-    for (int i = 0; i < cboSets.count(); ++i) {
-        if (text::equalNoCase(cboSets.item(i), name)) chooseSet(i);
-    }
+    chooseSet(listedSet(name));
     cboSets_Change();
     openName_ = name;
 }

@@ -18,8 +18,9 @@ SplitterBar::SplitterBar(Container& parent, const std::string& name, Direction d
     control_.setAccessibleName(sideways ? "Teiler links und rechts" : "Teiler oben und unten");
     control_.onPaint = [this](Canvas& canvas) {
         const Size size = control_.clientSize();
-        const auto colour = control_.focused() ? SystemColour::highlight : SystemColour::buttonFace;
-        canvas.fill(Rect::at(0, 0, size.width, size.height), systemColour(colour));
+        const Rect all = Rect::at(0, 0, size.width, size.height);
+        canvas.fill(all, systemColour(SystemColour::buttonFace));
+        if (control_.focused()) canvas.frame(all, systemColour(SystemColour::greyText));
     };
     control_.onMouseDown = [this](MouseButton button, int, Point point) {
         if (button == MouseButton::left) grab(point);

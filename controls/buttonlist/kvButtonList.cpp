@@ -17,6 +17,7 @@ namespace {
 
 constexpr int edge = 2;  // width of the sunken frame
 constexpr int wheelNotch = 120;
+constexpr int frame = 8;  // what a button needs beside its caption
 constexpr std::size_t mostItems = std::numeric_limits<std::int16_t>::max();
 
 void requireRoom(std::size_t items) {
@@ -131,7 +132,11 @@ void kvButtonList::showCaptions() {
         const std::size_t number = static_cast<std::size_t>(VScroll1.value()) + i;
         Button& slot = *Command1[i];
         if (!slot.visible() || number >= items_.size()) continue;
-        if (slot.caption() != items_[number].Caption) slot.setPlainCaption(items_[number].Caption);
+        const std::string& caption = items_[number].Caption;
+        if (slot.caption() != caption) slot.setPlainCaption(caption);
+        // What a button cannot show whole it tells when the mouse rests on it.
+        const bool fits = platform::textWidth(slot, caption) + frame <= slot.bounds().width();
+        slot.setToolTip(fits ? std::string() : caption);
     }
 }
 

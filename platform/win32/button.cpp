@@ -1,4 +1,5 @@
 #include "platform/basic_controls.h"
+#include "platform/metrics.h"
 #include "platform/win32/event.h"
 #include "platform/win32/failure.h"
 #include "platform/win32/mnemonic.h"
@@ -23,6 +24,12 @@ class ButtonWindow : public Control::Native {
         if (text == mnemonic_) return;
         mnemonic_ = text;
         setText(text);
+        alignText();
+    }
+
+    Handled handle(const Message& m) override {
+        if (m.id == WM_SIZE) alignText();
+        return Native::handle(m);
     }
 
     void setBackColour(std::uint32_t wanted) {
@@ -45,6 +52,18 @@ class ButtonWindow : public Control::Native {
     std::uint32_t colour = buttonFace;
 
   private:
+    // A caption that is too long keeps its beginning, by which captions are told apart.
+    void alignText() {
+        if (!control) return;
+        const bool fits = textWidth(*control, withoutMnemonic(mnemonic_)) + spare <= bounds().width();
+        const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
+        const LONG_PTR wanted = fits ? style & ~LONG_PTR{BS_LEFT} : style | BS_LEFT;
+        if (wanted == style) return;
+        SetWindowLongPtrW(window, GWL_STYLE, wanted);
+        InvalidateRect(window, nullptr, TRUE);
+    }
+
+    static constexpr int spare = 8;  // pixels of a button's frame
     std::string mnemonic_;
     UniqueBrush brush_;
 };

@@ -54,7 +54,7 @@ Size decodePicture(std::string_view fileName, Surface& target, Rect area) {
     if (refused.empty()) return size;
     if (!isCutOffBitmap(content) && win32::decodeByPictureLoader(content, target, area, size)) return size;
     throw RuntimeError(error::badPicture,
-                       "Das Bild " + std::string(fileName) + " ist nicht lesbar: " + refused);
+                       "Das Bild ist nicht lesbar: " + refused);
 }
 
 }  // namespace platform

@@ -218,6 +218,7 @@ TEST_F(SetFile, DamagedFilesAreRefusedWithTheirPlace) {
         {"[ROI1]", "[ROI7]", "ROI1"},
         {"dX=3", "dX=3.5", "dX"},
         {"dX=3", "dX=2147483647", "dX"},
+        {"[Items]\r\n1=a.bmp", "[Items]\r\n", "Items"},
     };
     platform::files::replace(file, good);
     EXPECT_NO_THROW(editor::readSet(file, "C:\\p"));

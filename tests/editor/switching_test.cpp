@@ -96,7 +96,7 @@ TEST_F(Switching, AStrayClassNumberIsPutRightAndTold) {
     std::string text = platform::files::read(file);
     text.replace(text.find("\r\n1=1") + 4, 1, "9");
     platform::files::replace(file, text);
-    messages.expectPart("1 mal");
+    messages.expectPart("einmal");
     openByChooser("A");
     EXPECT_EQ(window().ItemClasses(1, 0), window().set().standardClass());
     EXPECT_FALSE(window().unchanged());
