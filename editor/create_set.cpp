@@ -66,6 +66,7 @@ void frmStich::ListView1_ItemClick(int row) {
     mListView::UnselectAll(lvCItems);
     shownRow_ = 0;
     showPicture(path::join(Datei1.path(), sourceFiles_[static_cast<std::size_t>(row - 1)].name));
+    ShowInfoLine();
 }
 
 int frmStich::FindItemByPath(const std::string& file) const {

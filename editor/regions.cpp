@@ -23,7 +23,6 @@ void frmStich::showRegions() {
     cboROI.clear();
     cboROI.add(names);
     cboROI.setListIndex(0);
-    showRegion(0);
 }
 
 void frmStich::cboROI_Click() {

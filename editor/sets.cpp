@@ -115,16 +115,20 @@ bool frmStich::leaveSet(const std::string& name) {
     if (set_.sampleCount() == 0 || set_.unchanged()) return true;
     const int answer = say("Änderungen in  \"" + name + shell::setExtension + "\" speichern?",
                            message::yesNo | message::question);
-    return answer != message::yes || SaveSetAs(name);
+    if (answer != message::yes) return true;
+    if (!SaveSetAs(name)) return false;
+    // It may stay open, when the one that is to follow cannot be read.
+    set_.setUnchanged(true);
+    openName_ = name;
+    return true;
 }
 
 bool frmStich::checkTarget(const std::string& name) {
     if (!path::isValidFileName(name + shell::setExtension) || name.back() == ' ' || name.back() == '.') {
         say("Der Name \"" + name +
-                "\" kann nicht verwendet werden.\r\nEin Name darf keines der Zeichen \\ / : * ? \" < > | und "
-                "keine "
-                "Steuerzeichen enthalten, nicht mit einem Punkt oder Leerzeichen enden und kein Gerätename "
-                "sein.",
+                "\" kann nicht verwendet werden.\r\n"
+                "Ein Name darf keines der Zeichen \\ / : * ? \" < > | und keine Steuerzeichen enthalten, "
+                "nicht mit einem Punkt oder Leerzeichen enden und kein Gerätename sein.",
             message::exclamation);
         return false;
     }

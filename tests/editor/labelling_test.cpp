@@ -60,6 +60,7 @@ TEST_F(Labelling, APictureThatIsNotOfTheSetIsNotLabelled) {
     w.browse(folder.file("Quelle"));
     user::clickRow(w.ListView1, 1);
     EXPECT_EQ(w.kvPictureBox1.FileName(), folder.file("Quelle\\fremd.bmp"));
+    EXPECT_EQ(w.txtInfo.text(), "Bereich: (gesamtes Bild)   Datei: fremd.bmp");
     pressClass(2);
     EXPECT_EQ(w.ItemClasses(1, 0), 0);
     user::clickRow(w.ListView2, 2);

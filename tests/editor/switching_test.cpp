@@ -91,6 +91,18 @@ TEST_F(Switching, ABadSetAfterAnUnnamedOneKeepsTheUnnamedOne) {
     EXPECT_EQ(window().cboSets.text(), "");
 }
 
+TEST_F(Switching, ASavedSetStaysOpenUnderItsNameWhenTheNextCannotBeRead) {
+    writeSetFile("kaputt", "[Common]\r\n");
+    restart(folder.file("TestSets\\A.kvs"));
+    pressClass(2);
+    user::type(window().cboSets, "Neu");
+    messages.expect("Änderungen in  \"Neu.kvs\" speichern?", message::yes).expectPart("Classes");
+    openByChooser("kaputt");
+    EXPECT_EQ(window().cboSets.text(), "Neu");
+    EXPECT_EQ(window().ItemClasses(1, 0), 2);
+    EXPECT_TRUE(window().unchanged()) << "it was saved";
+}
+
 TEST_F(Switching, AStrayClassNumberIsPutRightAndTold) {
     const std::string file = folder.file("TestSets\\A.kvs");
     std::string text = platform::files::read(file);

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/files.h"
+#include "tests/unit/error_of.h"
 #include "tests/unit/temporary_directory.h"
 
 namespace {
@@ -15,16 +16,6 @@ std::vector<std::string> names(const kvtamClasses& classes) {
     std::vector<std::string> found;
     for (const kvTamClass& entry : classes.NewEnum()) found.push_back(entry.Name);
     return found;
-}
-
-template <class Action>
-std::int32_t errorOf(Action action) {
-    try {
-        action();
-    } catch (const RuntimeError& problem) {
-        return problem.number();
-    }
-    return 0;
 }
 
 TEST(Collections, KeepTheOrderOfInsertion) {

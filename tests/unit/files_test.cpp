@@ -8,6 +8,7 @@
 #include "platform/errors.h"
 #include "platform/path.h"
 #include "platform/text.h"
+#include "tests/unit/error_of.h"
 #include "tests/unit/temporary_directory.h"
 
 namespace {
@@ -21,16 +22,6 @@ std::vector<string> namesIn(const string& directory) {
     std::vector<string> names;
     for (const files::Entry& entry : files::list(directory)) names.push_back(entry.name);
     return names;
-}
-
-template <class Action>
-std::int32_t errorOf(Action action) {
-    try {
-        action();
-    } catch (const RuntimeError& problem) {
-        return problem.number();
-    }
-    return 0;
 }
 
 TEST(Files, WritesAndReadsAnyBytes) {
