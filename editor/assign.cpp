@@ -99,6 +99,7 @@ std::string withPlainEnding(const std::string& file) {
 
 void frmStich::showPicture(const std::string& file) {
     tell("");
+    shownFile_ = platform::path::fileName(file);
     kvPictureBox1.LoadPic(withPlainEnding(file));
 }
 
@@ -134,8 +135,7 @@ int frmStich::ShowInfoLine() {
     const int row = mListView::GetSelectedIndex(lvCItems);
     const std::string name =
         region == -1 ? std::string(model::set_file::wholePicture) : set_.regionRow(region + 1).name;
-    const std::string file =
-        row == 0 ? platform::path::fileName(kvPictureBox1.FileName()) : set_.sampleName(row);
+    const std::string file = row == 0 ? shownFile_ : set_.sampleName(row);
     txtInfo.setText("Bereich: " + name + "   Datei: " + file);
     return 0;
 }

@@ -42,6 +42,7 @@ void frmStich::Toolbar1_ButtonClick(const std::string& key) {
     if (is("btnLoop")) runShow(true);
     if (is("btnStop")) runShow(false);
     if (is("btnPath")) chooseCutOutDirectory();
+    if (is("btnSave")) saveAsTagged();
 }
 
 void frmStich::chooseCutOutDirectory() {

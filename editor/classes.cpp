@@ -69,6 +69,10 @@ void frmStich::btnCNew_Click() {
     lvCClasses.setCount(row);
     kvButtonList1.Add(name, "", "");
     cboStdClass.add(name);
+    if (row == 1) {  // it is the standard class, and that of all samples
+        showStandardClass();
+        lvCItems.redrawAll();
+    }
     enableClassButtons();
     layOut();
 

@@ -9,6 +9,10 @@ namespace editor {
 namespace message = platform::message;
 
 bool frmStich::Form_QueryUnload() {
+    // What goes on in front of the window ends in good order first.
+    if (waiting_) waitGivenUp_ = true;
+    if (frmSave_) frmSave_->form.unload();
+    if (waiting_ || frmSave_) return false;
     if (set_.sampleCount() == 0 || set_.unchanged()) return true;
     const int answer = say("Änderungen speichern?", message::yesNoCancel | message::question);
     if (answer == message::yes) return SaveSetAs(cboSets.text());

@@ -1,5 +1,7 @@
 // Making a set from files: the folder that is browsed and the pictures that come from it.
 #include <algorithm>
+#include <numeric>
+#include <utility>
 
 #include "editor/frmStich.h"
 #include "editor/mListView.h"
@@ -22,19 +24,32 @@ void frmStich::btnPath_Click() {
     const std::string folder = platform::chooseFolder(&form, "Quellverzeichnis", Datei1.path());
     if (folder.empty()) return;
     const platform::application::WaitCursor wait;
-    Datei1.setPath(folder);
-    if (cboSets.text().empty()) {
+    if (readFolder(folder) && cboSets.text().empty()) {
         cboSets.setText(path::fileName(path::normalise(folder)));
         cboSets_Change();
     }
 }
 
 void frmStich::browse(const std::string& directory) {
-    if (platform::files::directoryExists(directory)) Datei1.setPath(directory);
+    if (platform::files::directoryExists(directory)) readFolder(directory);
+}
+
+bool frmStich::readFolder(const std::string& folder) {
+    const auto found = std::make_shared<std::vector<platform::files::Entry>>();
+    platform::BackgroundTask task([found, folder, pattern = Datei1.pattern()](auto& progress) {
+        *found = FileListBox::read(folder, pattern, [&progress](std::size_t entries) {
+            progress.done = static_cast<int>(entries);
+            return !progress.cancelled;
+        });
+    });
+    if (!waitFor("Das Verzeichnis wird gelesen ...", task)) return false;
+    Datei1.setPath(folder, std::move(*found));
+    return true;
 }
 
 void frmStich::Datei1_PathChange() {
     txtPath.setText(CheckPath(Datei1.path()));
+    txtPath.setToolTip(txtPath.text());  // it may be longer than the box
     sourceFiles_ = Datei1.files();
     showSourceFiles();
 }
@@ -53,10 +68,27 @@ void frmStich::ListView1_ColumnClick(int column) {
         return platform::text::compareNatural(a.name, b.name) < 0;
     };
     sortDescending_ = !sortDescending_;
-    std::stable_sort(sourceFiles_.begin(), sourceFiles_.end(), [&](const Entry& a, const Entry& b) {
-        return sortDescending_ ? before(b, a) : before(a, b);
+    std::vector<int> order(sourceFiles_.size());  // the old place of each row
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
+        if (sortDescending_) std::swap(a, b);
+        return before(sourceFiles_[static_cast<std::size_t>(a)], sourceFiles_[static_cast<std::size_t>(b)]);
     });
+    arrangeSourceFiles(order);
+}
+
+// What was selected still is, wherever it stands now.
+void frmStich::arrangeSourceFiles(const std::vector<int>& order) {
+    const int selected = ListView1.selectedCount();
+    std::vector<platform::files::Entry> arranged;
+    std::vector<int> rows;
+    for (const int place : order) {
+        arranged.push_back(std::move(sourceFiles_[static_cast<std::size_t>(place)]));
+        if (selected > 0 && ListView1.selected(place + 1)) rows.push_back(static_cast<int>(arranged.size()));
+    }
+    sourceFiles_ = std::move(arranged);
     showSourceFiles();
+    for (const int row : rows) ListView1.select(row);
 }
 
 void frmStich::ListView1_ItemClick(int row) {
@@ -82,7 +114,8 @@ void frmStich::addSamples(const std::vector<int>& sourceRows) {
         if (FindItemByPath(path::join(directory, name)) == -1) set_.addSample(directory, name);
     }
     set_.setUnchanged(false);
-    samplesChanged();
+    NumberItems();
+    SetItemCount(set_.sampleCount());
     if (wasEmpty && set_.sampleCount() > 0) GoToItem(1);
 }
 
@@ -94,49 +127,41 @@ void frmStich::btn_Click() {
 
 void frmStich::btn_A_Click() {
     std::vector<int> rows(sourceFiles_.size());
-    for (std::size_t i = 0; i < rows.size(); ++i) rows[i] = static_cast<int>(i + 1);
+    std::iota(rows.begin(), rows.end(), 1);
     addSamples(rows);
 }
 
 void frmStich::btnR_Click() {
     std::vector<int> rows;
     for (int row = ListView2.firstSelected(); row > 0; row = ListView2.nextSelected(row)) rows.push_back(row);
+    removeSamples(rows);
+    set_.setUnchanged(false);
+}
+
+// What is left keeps its current item; a removed one leaves none, as its picture is no longer of the set.
+void frmStich::removeSamples(const std::vector<int>& rows) {
     const int current = mListView::GetSelectedIndex(lvCItems);
     set_.removeSamples(rows);
-    set_.setUnchanged(false);
-
-    // What is left keeps its current item; a removed one leaves none, as its picture is no longer of the set.
-    const auto before = std::lower_bound(rows.begin(), rows.end(), current);
-    const bool removed = before != rows.end() && *before == current;
     mListView::UnselectAll(ListView2);
     mListView::UnselectAll(lvCItems);
-    samplesChanged();
-    if (current == 0 || removed) return;
-    shownRow_ = current - static_cast<int>(before - rows.begin());
-    lvCItems.selectOnly(shownRow_);
+    NumberItems();
+    SetItemCount(set_.sampleCount());
+
+    const auto place = std::lower_bound(rows.begin(), rows.end(), current);
+    const bool stays = current > 0 && (place == rows.end() || *place != current);
+    shownRow_ = stays ? current - static_cast<int>(place - rows.begin()) : 0;
+    if (stays) lvCItems.selectOnly(shownRow_);
 }
 
 void frmStich::btnRA_Click() {
-    set_.removeAllSamples();
-    mListView::UnselectAll(ListView2);
-    mListView::UnselectAll(lvCItems);
-    samplesChanged();
+    std::vector<int> rows(static_cast<std::size_t>(set_.sampleCount()));
+    std::iota(rows.begin(), rows.end(), 1);
+    removeSamples(rows);
 }
 
 void frmStich::chkDouble_Click() {
     set_.setDoubleSelection(chkDouble.checked());
-    if (chkDouble.checked() || set_.sampleCount() == 0) return;
-    if (set_.removeDuplicates() > 0) {
-        mListView::UnselectAll(ListView2);
-        mListView::UnselectAll(lvCItems);
-    }
-    samplesChanged();
-}
-
-void frmStich::samplesChanged() {
-    shownRow_ = 0;
-    NumberItems();
-    SetItemCount(set_.sampleCount());
+    if (!chkDouble.checked()) removeSamples(set_.duplicates());
 }
 
 }  // namespace editor

@@ -26,9 +26,10 @@ std::vector<std::string> endings(const std::string& pattern) {
 
 }  // namespace
 
-std::vector<platform::files::Entry> FileListBox::read(const std::string& path) const {
-    const auto wanted = endings(pattern_);
-    auto found = platform::files::list(path);
+std::vector<platform::files::Entry> FileListBox::read(const std::string& path, const std::string& pattern,
+                                                      const platform::files::Continue& goOn) {
+    const auto wanted = endings(pattern);
+    auto found = platform::files::list(path, goOn);
     std::erase_if(found, [&](const platform::files::Entry& entry) {
         if (entry.isDirectory) return true;
         const std::string ending = text::foldCase(platform::path::extension(entry.name));
@@ -39,15 +40,15 @@ std::vector<platform::files::Entry> FileListBox::read(const std::string& path) c
     return found;
 }
 
-void FileListBox::setPath(const std::string& path) {
-    files_ = read(path);
+void FileListBox::setPath(const std::string& path, std::vector<platform::files::Entry> files) {
+    files_ = std::move(files);
     path_ = path;
     if (onPathChange) onPathChange();
 }
 
 void FileListBox::setPattern(const std::string& pattern) {
+    if (!path_.empty()) files_ = read(path_, pattern);
     pattern_ = pattern;
-    if (!path_.empty()) files_ = read(path_);
     if (onPatternChange) onPatternChange();
 }
 

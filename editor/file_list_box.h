@@ -16,11 +16,17 @@ class FileListBox {
     explicit FileListBox(std::string pattern) : pattern_(std::move(pattern)) {}
 
     const std::string& path() const { return path_; }
-    /// Lists the folder and raises `onPathChange`. RuntimeError pathNotFound leaves everything as it was.
-    void setPath(const std::string& path);
+    /// Shows a folder whose files were read (`read`), and raises `onPathChange`.
+    void setPath(const std::string& path, std::vector<platform::files::Entry> files);
 
     const std::string& pattern() const { return pattern_; }
-    void setPattern(const std::string& pattern);  ///< raises `onPatternChange`
+    /// Reads the folder again and raises `onPatternChange`. RuntimeError pathNotFound.
+    void setPattern(const std::string& pattern);
+
+    /// The files of a folder that match a pattern. Touches no list box, so that it can be done elsewhere.
+    /// RuntimeError pathNotFound.
+    static std::vector<platform::files::Entry> read(const std::string& path, const std::string& pattern,
+                                                    const platform::files::Continue& goOn = {});
 
     const std::vector<platform::files::Entry>& files() const { return files_; }
 
@@ -28,7 +34,6 @@ class FileListBox {
     std::function<void()> onPatternChange;
 
   private:
-    std::vector<platform::files::Entry> read(const std::string& path) const;
     std::string path_;
     std::string pattern_;
     std::vector<platform::files::Entry> files_;

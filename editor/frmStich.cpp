@@ -35,7 +35,7 @@ std::unique_ptr<shell::EditorWindow> makeWindow(const shell::Environment& enviro
 }
 
 frmStich::frmStich(const shell::Environment& environment)
-    : form("frmStich", "Stichprobe", {.clientSize = {1000, 660}}),
+    : form("frmStich", "Stichprobe", {.clientSize = {1100, 700}}),
       lblSets(form, "lblSets", "Stich&probe:"),
       cboSets(form, "cboSets", ComboBox::Style::editable),
       btnSave(form, "btnSave", "&Speichern"),
@@ -47,13 +47,13 @@ frmStich::frmStich(const shell::Environment& environment)
       lblPath(fraFiles, "lblPath", "&Quellverzeichnis:"),
       txtPath(fraFiles, "txtPath", TextBox::Style::readOnly),
       btnPath(fraFiles, "btnPath", "..."),
-      ListView1(fraFiles, "ListView1", {{"Name", 16}, {"Größe", 9, rightAligned}, {"Datum", 15}},
+      ListView1(fraFiles, "ListView1", {{"Name", 15}, {"Größe", 9, rightAligned}, {"Datum", 15}},
                 {.multiSelect = true}),
       btn(fraFiles, "btn", ">"),
       btn_A(fraFiles, "btn_A", ">>"),
       btnR(fraFiles, "btnR", "<"),
       btnRA(fraFiles, "btnRA", "<<"),
-      ListView2(fraFiles, "ListView2", {{"Name", 16}, {"Verzeichnis", 24}}, {.multiSelect = true}),
+      ListView2(fraFiles, "ListView2", {{"Name", 15}, {"Verzeichnis", 24}}, {.multiSelect = true}),
       chkDouble(fraFiles, "chkDouble", "gleiche Datei &mehrfach"),
       txtPicCount(fraFiles, "txtPicCount", TextBox::Style::readOnly),
       fraClasses(form, "fraClasses"),
@@ -70,19 +70,20 @@ frmStich::frmStich(const shell::Environment& environment)
       cboStdClass(fraClasses, "cboStdClass", ComboBox::Style::list),
       fraROIs(form, "fraROIs"),
       lvROIs(fraROIs, "lvROIs", {{"Name", 14}, {"Beschreibung", 16}}, {.editLabels = true}),
+      btnROINew(fraROIs, "btnROINew", "&Neu"),
       btnROIDel(fraROIs, "btnROIDel", "&Löschen"),
       btnROIRename(fraROIs, "btnROIRename", "&Umbenennen"),
       lblROIDescription(fraROIs, "lblROIDescription", "&Beschreibung:"),
       txtROIDescription(fraROIs, "txtROIDescription"),
       lblROICaption(fraROIs, "lblROICaption", {}, Label::Style::plain),
       lblX(fraROIs, "lblX", "&X:"),
-      txtX(fraROIs, "txtX", TextBox::Style::readOnly),
+      txtX(fraROIs, "txtX"),
       lblY(fraROIs, "lblY", "&Y:"),
-      txtY(fraROIs, "txtY", TextBox::Style::readOnly),
-      lblDX(fraROIs, "lblDX", "dX:"),
-      txtDX(fraROIs, "txtDX", TextBox::Style::readOnly),
+      txtY(fraROIs, "txtY"),
+      lblDX(fraROIs, "lblDX", "&dX:"),
+      txtDX(fraROIs, "txtDX"),
       lblDY(fraROIs, "lblDY", "dY:"),
-      txtDY(fraROIs, "txtDY", TextBox::Style::readOnly),
+      txtDY(fraROIs, "txtDY"),
       kvBar3(form, "kvBar3", SplitterBar::Direction::horizontal),
       lblROI(form, "lblROI", "Be&reich:"),
       cboROI(form, "cboROI", ComboBox::Style::list),
@@ -98,13 +99,17 @@ frmStich::frmStich(const shell::Environment& environment)
       txtInfo(form, "txtInfo", TextBox::Style::readOnly),
       txtSize(form, "txtSize", TextBox::Style::readOnly),
       chkStretch(form, "chkStretch", "e&inpassen"),
+      fraWait(form, "fraWait"),
+      lblWait(fraWait, "lblWait", {}, Label::Style::plain),
+      kvProgressBar1(fraWait, "kvProgressBar1"),
+      btnWait(fraWait, "btnWait", "Abbrechen"),
       Datei1("*.bmp;*.jpg"),
       Timer1(form),
       Timer2(form),
       kvSubClassing1(form),
       environment_(environment),
       registry_(environment.registryRoot) {
-    kvBar2.setPosition(360);
+    kvBar2.setPosition(430);
     kvBar3.setPosition(360);
     Slider1.setRange(shortestInterval, longestInterval, intervalStep, intervalPage);
     Slider1.setValue(firstInterval);
@@ -123,6 +128,7 @@ void frmStich::Form_Initialize() {
     enableClassButtons();
     showRegion(0);
     lblHint.setVisible(false);
+    fraWait.setVisible(false);
 
     btn.setToolTip("ausgewählte Bilder aufnehmen");
     btn_A.setToolTip("alle Bilder aufnehmen");
@@ -139,6 +145,7 @@ void frmStich::Form_Initialize() {
     txtPicCount.setAccessibleName("Anzahl der Elemente");
     Slider1.setAccessibleName("Zeit je Bild");
     kvPictureBox1.setAccessibleName("Bild");
+    kvProgressBar1.setAccessibleName("Fortschritt");
     kvButtonList1.setAccessibleName("Klassen zuweisen");
     txtInfo.setAccessibleName("Bereich und Datei");
     txtSize.setAccessibleName("Größe des Bildes");
@@ -164,6 +171,7 @@ void frmStich::connect() {
     btnGrab.onClick = [this] { btnGrab_Click(); };
     btnOK.onClick = [this] { btnOK_Click(); };
     btnAbbr.onClick = [this] { btnAbbr_Click(); };
+    btnWait.onClick = [this] { waitGivenUp_ = true; };
     TabStrip1.onClick = [this] { TabStrip1_Click(); };
 
     btnPath.onClick = [this] { btnPath_Click(); };
@@ -182,9 +190,11 @@ void frmStich::connect() {
     cboStdClass.onClick = [this] { cboStdClass_Click(); };
     txtCDescription.onChange = [this] { describeClass(); };
 
+    btnROINew.onClick = [this] { btnROINew_Click(); };
     btnROIDel.onClick = [this] { btnROIDel_Click(); };
     btnROIRename.onClick = [this] { btnROIRename_Click(); };
     txtROIDescription.onChange = [this] { describeRegion(); };
+    for (platform::TextBox* box : {&txtX, &txtY, &txtDX, &txtDY}) box->onCommit = [this] { moveRegion(); };
     cboROI.onClick = [this] { cboROI_Click(); };
 }
 
@@ -197,10 +207,8 @@ void frmStich::connectPicture() {
     kvPictureBox1.ROIselect = [this](std::int32_t& index, std::int32_t& X, std::int32_t& Y, std::int32_t& dX,
                                      std::int32_t& dY) { kvPictureBox1_ROIselect(index, X, Y, dX, dY); };
     kvPictureBox1.ROImove = [this](std::int32_t&, std::int32_t& X, std::int32_t& Y, std::int32_t& dX,
-                                   std::int32_t& dY) {
-        showGeometry(X, Y, dX, dY);
-        set_.regionMoved();
-    };
+                                   std::int32_t& dY) { regionChanged(X, Y, dX, dY); };
+    kvPictureBox1.onRegionsBroughtIn = [this] { regionsBroughtIn(); };
     kvPictureBox1.onLoadFailed = [this](const std::string& reason) {
         SetPicSize(0, 0, 0, 0);
         tell(reason);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -9,6 +10,8 @@
 #include "controls/picturebox/kvPictureBox.h"
 #include "editor/file_list_box.h"
 #include "editor/open_set.h"
+#include "editor/set_io.h"
+#include "platform/background_task.h"
 #include "platform/basic_controls.h"
 #include "platform/form.h"
 #include "platform/list_view.h"
@@ -19,6 +22,7 @@
 #include "shell/editor_window.h"
 #include "shell/environment.h"
 #include "shell/frmError.h"
+#include "shell/frmSave.h"
 #include "shell/settings.h"
 
 namespace editor {
@@ -29,7 +33,7 @@ namespace editor {
 ///
 /// The set itself is one OpenSet. `lvCItems` and `ListView2` show the same rows of it, so they cannot get
 /// out of step; the region rectangles are the picture control's. Rows count from 1 everywhere here.
-class frmStich : public shell::EditorWindow {
+class frmStich : public shell::EditorWindow, private shell::RegionSource {
   public:
     explicit frmStich(const shell::Environment& environment);
     ~frmStich() override;
@@ -69,6 +73,7 @@ class frmStich : public shell::EditorWindow {
     void SetStdClass(bool assignAll) override;
 
     // Regions -------------------------------------------------------------------------------------------
+    void btnROINew_Click();
     void btnROIDel_Click();
     void btnROIRename_Click();
     void cboROI_Click();
@@ -129,7 +134,7 @@ class frmStich : public shell::EditorWindow {
 
     platform::Panel fraROIs;
     platform::ListView lvROIs;
-    platform::Button btnROIDel, btnROIRename;
+    platform::Button btnROINew, btnROIDel, btnROIRename;
     platform::Label lblROIDescription;
     platform::TextBox txtROIDescription;
     platform::Label lblROICaption, lblX;
@@ -156,6 +161,11 @@ class frmStich : public shell::EditorWindow {
     platform::TextBox txtInfo, txtSize;
     platform::CheckBox chkStretch;
 
+    platform::Panel fraWait;
+    platform::Label lblWait;
+    platform::ProgressBar kvProgressBar1;
+    platform::Button btnWait;
+
     FileListBox Datei1;
     platform::Timer Timer1, Timer2;
     platform::Subclassing kvSubClassing1;
@@ -174,6 +184,7 @@ class frmStich : public shell::EditorWindow {
     void Form_Unload();
     void Timer1_Tick();
     void layOut();
+    void layOutWait(platform::Rect area);
     void layOutTopRow(int left, int right);
     void layOutLeft(platform::Rect area);
     void layOutFiles(int width, int height);
@@ -187,6 +198,11 @@ class frmStich : public shell::EditorWindow {
     shell::EditorSettings settings() const;
 
     void cboSets_Click();
+    /// Waits until the task has ended: true; or until the user gives up: false. What the task threw comes
+    /// out here. Meanwhile nothing else can be done with the window.
+    bool waitFor(const std::string& what, platform::BackgroundTask& task);
+    void showWaiting(bool waiting);
+    void showProgress(const std::string& what, const platform::BackgroundTask::Progress& progress);
     void leaveMissingFiles();
     void btnSave_Click();
     void btnGrab_Click();
@@ -202,13 +218,14 @@ class frmStich : public shell::EditorWindow {
     void offerSaved(const std::string& name);
     void widenSetList();
 
+    std::int16_t accept(LoadedSet loaded, const std::vector<int>& missing);
     void takeOver(OpenSet set, const std::vector<RegionRect>& rectangles);
     std::vector<RegionRect> rectangles() const;
     void showFirstItem();
     void tellStray(int count);
-    void removeSamples(const std::vector<shell::frmError::Missing>& missing);
+    void dropMissing(const std::vector<shell::frmError::Missing>& missing);
     void removeAllRegions();
-    void listMissing();
+    void listMissing(const std::vector<int>& rows);
 
     void showClasses();
     void describeClass();
@@ -227,17 +244,22 @@ class frmStich : public shell::EditorWindow {
     bool lvROIs_AfterLabelEdit(int row, const std::string& text);
     void lvROIs_KeyDown(int key);
     void describeRegion();
+    void moveRegion();
+    void regionsBroughtIn();
+    void regionChanged(std::int32_t X, std::int32_t Y, std::int32_t dX, std::int32_t dY);
     void showGeometry(std::int32_t X, std::int32_t Y, std::int32_t dX, std::int32_t dY);
     void kvPictureBox1_ROIselect(std::int32_t index, std::int32_t X, std::int32_t Y, std::int32_t dX,
                                  std::int32_t dY);
 
     void Datei1_PathChange();
     void btnPath_Click();
+    bool readFolder(const std::string& folder);  ///< false when the user gave up
     void showSourceFiles();
     void ListView1_ItemClick(int row);
     void ListView1_ColumnClick(int column);
+    void arrangeSourceFiles(const std::vector<int>& order);
     void addSamples(const std::vector<int>& sourceRows);
-    void samplesChanged();
+    void removeSamples(const std::vector<int>& rows);
 
     void label(int row, std::int16_t classIndex);
     void labelSeen(std::int16_t classIndex);
@@ -249,10 +271,25 @@ class frmStich : public shell::EditorWindow {
     void runShow(bool run);
     void chooseCutOutDirectory();
 
+    // Cutting regions out.
+    void saveAsTagged();
+    void saveRegions(std::int16_t mode);
+    void tellCutOuts(const shell::frmSave& dialog, std::int16_t mode);
+    int itemCount() const override { return set_.sampleCount(); }
+    int regionCount() const override { return set_.regionCount(); }
+    std::string pictureFile() const override { return kvPictureBox1.FileName(); }
+    std::int32_t regionState() const override { return kvPictureBox1.ROI(); }
+    std::array<std::string, 4> regionDetails() const override;
+    std::string regionName() const override { return cboROI.text(); }
+    void selectRegion(int index) override { kvPictureBox1.ROI_Select(index); }
+    void showFirstPicture() override { Toolbar1_ButtonClick("btnFR"); }
+    void showNextPicture() override { Toolbar1_ButtonClick("btnF"); }
+
     const shell::Environment& environment_;
     platform::Registry registry_;
     OpenSet set_;
     std::unique_ptr<shell::frmError> frmError_;
+    shell::frmSave* frmSave_ = nullptr;  // while regions are cut out
 
     std::string dataDirectory_;  // base of the stored picture paths
     std::string setsDirectory_;  // with a backslash at its end
@@ -269,7 +306,10 @@ class frmStich : public shell::EditorWindow {
     std::vector<platform::files::Entry> sourceFiles_;  // rows of ListView1, as they are sorted now
     int sourceShift_ = 0;  // Shift argument of the last mouse-down while the button is held
     bool sortDescending_ = false;
+    bool waiting_ = false;  // for something that goes on beside the window
+    bool waitGivenUp_ = false;
     bool showingItem_ = false;  // while a picture is on its way to the screen
+    std::string shownFile_;     // name of the picture asked for last, as it is spelled
     int shownRow_ = 0;          // the item whose picture is seen, 0 for none
     bool showRuns_ = false;     // the slide show, also while its timer waits for a picture
     int layoutTicks_ = 0;

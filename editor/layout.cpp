@@ -22,6 +22,7 @@ constexpr int smallestItems = 80;
 constexpr int smallestClassButtons = 110;
 constexpr int classButtonHeight = 23;
 constexpr int longestSlider = 170;
+constexpr int longestProgress = 400;
 
 /// The measures that the whole window shares.
 struct Units : Metrics {
@@ -72,7 +73,11 @@ void frmStich::layOut() {
     const auto [width, height] = form.clientSize();
     const int left = u.margin();
     const int right = width - u.margin();
-    const int bottom = height - u.margin();
+    int bottom = height - u.margin();
+    if (fraWait.visible()) {
+        layOutWait({left, bottom - u.row(), right, bottom});
+        bottom -= u.row() + u.gap();
+    }
     const int top = u.margin() + u.row() + u.px(6);
     layOutTopRow(left, right);
 
@@ -82,6 +87,16 @@ void frmStich::layOut() {
     kvBar2.control().move({barLeft, top, barLeft + u.bar(), bottom});
     layOutLeft({left, top, barLeft, bottom});
     layOutRight({barLeft + u.bar(), top, right, bottom});
+}
+
+void frmStich::layOutWait(Rect area) {
+    const Units u(platform::metricsOf(form));
+    fraWait.move(area);
+    const int buttonLeft = area.width() - u.buttonWidth(btnWait);
+    btnWait.move({buttonLeft, 0, area.width(), area.height()});
+    const int barLeft = std::max(u.labelWidth(lblWait) + u.gap(), buttonLeft - u.px(longestProgress));
+    lblWait.move(u.label(0, 0, barLeft - u.gap()));
+    kvProgressBar1.move({barLeft, u.px(4), buttonLeft - u.gap(), area.height() - u.px(4)});
 }
 
 void frmStich::layOutTopRow(int left, int right) {
@@ -196,7 +211,7 @@ void frmStich::layOutROIs(int width, int height) {
     const int listBottom = captionTop - u.gap();
     const int column = u.buttonWidth(btnROIRename);
     lvROIs.move({edge, edge, right - column - u.gap(), listBottom});
-    stack(u, {right - column, edge, right, listBottom}, {&btnROIDel, &btnROIRename});
+    stack(u, {right - column, edge, right, listBottom}, {&btnROINew, &btnROIDel, &btnROIRename});
 }
 
 void frmStich::layOutRight(Rect area) {

@@ -3,7 +3,6 @@
 
 #include "editor/frmStich.h"
 #include "editor/mListView.h"
-#include "editor/set_io.h"
 #include "platform/dialogs.h"
 #include "platform/errors.h"
 
@@ -11,14 +10,34 @@ namespace editor {
 
 namespace message = platform::message;
 
-std::int16_t frmStich::LoadFile(const std::string& path) {
+namespace {
+
+/// What is read beside the window; the thread that reads holds it, too.
+struct Reading {
     LoadedSet loaded;
+    std::vector<int> missing;
+};
+
+}  // namespace
+
+std::int16_t frmStich::LoadFile(const std::string& path) {
+    const auto reading = std::make_shared<Reading>();
     try {
-        loaded = readSet(path, dataDirectory_);
+        platform::BackgroundTask task(
+            [reading, path, base = dataDirectory_, fileNames = environment_.fileNames](auto& progress) {
+                reading->loaded = readSet(path, base);
+                reading->missing = missingSamples(reading->loaded.set, fileNames, progress);
+            });
+        if (!waitFor("Die Stichprobe wird gelesen und ihre Bilder gesucht ...", task))
+            return shell::notOpened;
     } catch (const platform::RuntimeError& failure) {
         say("Die Stichprobe kann nicht geöffnet werden.\r\n" + failure.description(), message::exclamation);
         return shell::notOpened;
     }
+    return accept(std::move(reading->loaded), reading->missing);
+}
+
+std::int16_t frmStich::accept(LoadedSet loaded, const std::vector<int>& missing) {
     const auto previousRectangles = rectangles();
     const int previousRow = mListView::GetSelectedIndex(lvCItems);
     const int previousRegion = cboROI.listIndex();
@@ -26,7 +45,7 @@ std::int16_t frmStich::LoadFile(const std::string& path) {
 
     takeOver(std::move(loaded.set), loaded.rectangles);
     if (loaded.strayAssignments > 0) set_.setUnchanged(false);
-    listMissing();
+    listMissing(missing);
     const std::int16_t result = CheckItems();
     if (result == shell::notOpened) {
         takeOver(std::move(previous), previousRectangles);
@@ -45,8 +64,8 @@ void frmStich::tellStray(int count) {
         message::exclamation);
 }
 
-void frmStich::listMissing() {
-    for (const int row : missingSamples(set_)) {
+void frmStich::listMissing(const std::vector<int>& rows) {
+    for (const int row : rows) {
         if (!frmError_) {
             frmError_ = std::make_unique<shell::frmError>(form, registry_, environment_);
             frmError_->onFound = [this](int position, const std::string& directory) {
@@ -69,7 +88,7 @@ std::int16_t frmStich::CheckItems() {
     const auto state = static_cast<std::int16_t>(dialog->ExitState());
     ListView2.redrawAll();
     lvCItems.redrawAll();
-    if (state == shell::frmError::removeRest) removeSamples(dialog->missing());
+    if (state == shell::frmError::removeRest) dropMissing(dialog->missing());
     if (state == shell::frmError::removeRest || state == shell::frmError::foundAll) {
         showFirstItem();
         if (set_.sampleCount() == 0) removeAllRegions();
@@ -84,7 +103,7 @@ void frmStich::removeAllRegions() {
     }
 }
 
-void frmStich::removeSamples(const std::vector<shell::frmError::Missing>& missing) {
+void frmStich::dropMissing(const std::vector<shell::frmError::Missing>& missing) {
     mListView::UnselectAll(ListView2);
     std::for_each(missing.rbegin(), missing.rend(),
                   [&](const auto& file) { ListView2.select(file.position); });

@@ -77,22 +77,12 @@ void OpenSet::removeSamples(const std::vector<int>& rows) {
     unchanged_ = false;
 }
 
-void OpenSet::removeAllSamples() {
-    if (names_.empty()) return;
-    names_.clear();
-    directoryOf_.clear();
-    for (auto& column : classOf_) column.clear();
-    forgetIndex();
-    unchanged_ = false;
-}
-
-int OpenSet::removeDuplicates() {
+std::vector<int> OpenSet::duplicates() const {
     std::vector<int> later;
     for (int row = 1; row <= sampleCount(); ++row) {
         if (findSample(samplePath(row)) < row) later.push_back(row);
     }
-    removeSamples(later);
-    return static_cast<int>(later.size());
+    return later;
 }
 
 void OpenSet::movedTo(int row, std::string_view directory) {

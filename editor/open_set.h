@@ -47,9 +47,8 @@ class OpenSet {
     int addSample(std::string_view directory, std::string_view name);
     /// `rows` ascending, without repetition.
     void removeSamples(const std::vector<int>& rows);
-    void removeAllSamples();
-    /// Removes every sample whose path equals that of an earlier one (case does not count); returns how many.
-    int removeDuplicates();
+    /// The rows whose path equals that of an earlier one (case does not count), ascending.
+    std::vector<int> duplicates() const;
     void movedTo(int row, std::string_view directory);
     void assign(int row, int region, std::int16_t classIndex);
     void assignAll(int region, std::int16_t classIndex);

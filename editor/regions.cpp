@@ -1,8 +1,14 @@
 // The regions: their list and names, the chooser that says whose classes are shown, and what the picture
 // control reports of them. Row k of the list is entry k of the chooser; entry 0 is the whole picture.
+#include <algorithm>
+#include <initializer_list>
+
 #include "editor/frmStich.h"
 #include "editor/mListView.h"
+#include "editor/region_placement.h"
 #include "model/set_file_names.h"
+#include "platform/dialogs.h"
+#include "platform/text.h"
 
 namespace editor {
 
@@ -26,7 +32,7 @@ void frmStich::showRegions() {
 }
 
 void frmStich::cboROI_Click() {
-    if (suppressChooser_ || cboROI.listIndex() < 0) return;
+    if (cboROI.listIndex() < 0) return;
     kvPictureBox1.ROI_Select(cboROI.listIndex());
 }
 
@@ -39,9 +45,8 @@ void frmStich::kvPictureBox1_ROIselect(std::int32_t index, std::int32_t X, std::
     } else {
         mListView::UnselectAll(lvROIs);
     }
-    suppressChooser_ = true;
+    // A press in the picture may leave other regions marked there: choosing this one unmarks them.
     cboROI.setListIndex(index);
-    suppressChooser_ = false;
     lvCItems.redrawAll();
     ShowInfoLine();
     EnableToolbar1(set_.sampleCount() > 0);
@@ -49,9 +54,8 @@ void frmStich::kvPictureBox1_ROIselect(std::int32_t index, std::int32_t X, std::
 
 void frmStich::showRegion(int row) {
     selectedRegion_ = row;
-    for (platform::Control* control :
-         {static_cast<platform::Control*>(&txtROIDescription), static_cast<platform::Control*>(&btnROIDel),
-          static_cast<platform::Control*>(&btnROIRename)}) {
+    for (platform::Control* control : std::initializer_list<platform::Control*>{
+             &txtROIDescription, &btnROIDel, &btnROIRename, &txtX, &txtY, &txtDX, &txtDY}) {
         control->setEnabled(row > 0);
     }
     txtROIDescription.setText(row > 0 ? set_.regionRow(row).description : "");
@@ -65,6 +69,64 @@ void frmStich::showGeometry(std::int32_t X, std::int32_t Y, std::int32_t dX, std
     txtY.setText(std::to_string(Y));
     txtDX.setText(std::to_string(dX));
     txtDY.setText(std::to_string(dY));
+}
+
+void frmStich::regionChanged(std::int32_t X, std::int32_t Y, std::int32_t dX, std::int32_t dY) {
+    set_.regionMoved();
+    showGeometry(X, Y, dX, dY);
+}
+
+// A picture smaller than those before it moves regions for all of them; that is not to happen unnoticed.
+void frmStich::regionsBroughtIn() {
+    set_.regionMoved();
+    if (selectedRegion_ == 0) return;
+    const auto now = kvPictureBox1.regionRect(selectedRegion_);
+    showGeometry(now.left, now.top, now.width(), now.height());
+}
+
+// A number that was typed moves the region; what is none, or no size, is put back.
+void frmStich::moveRegion() {
+    if (selectedRegion_ == 0) return;
+    const auto before = kvPictureBox1.regionRect(selectedRegion_);
+    const auto read = [](const platform::TextBox& box) { return platform::text::parseInt32(box.text()); };
+    const auto x = read(txtX), y = read(txtY), width = read(txtDX), height = read(txtDY);
+    const bool fits = x && y && width && height && *width > 0 && *height > 0 && kvPictureBox1.PicWidth() > 0;
+    if (!fits) return showGeometry(before.left, before.top, before.width(), before.height());
+
+    std::int32_t X = *x, Y = *y, dX = *width, dY = *height;
+    if (dX != before.width()) dX = std::min(dX, kvPictureBox1.PicWidth());
+    // Beyond the lower edge the control would let it grow.
+    if (dY != before.height()) dY = std::min(dY, std::max(1, kvPictureBox1.PicHeight() - before.top));
+    kvPictureBox1.ROI_Move(static_cast<std::int16_t>(selectedRegion_), X, Y, dX, dY);
+    const auto now = kvPictureBox1.regionRect(selectedRegion_);
+    if (now != before) set_.regionMoved();
+    showGeometry(now.left, now.top, now.width(), now.height());
+}
+
+void frmStich::btnROINew_Click() {
+    if (set_.sampleCount() == 0) {
+        say("Sie haben keine Stichprobenelemente festgelegt.\r\n"
+            "Bitte wechseln Sie zur Registrierkarte \"" +
+                TabStrip1.tab(1) + "\".",
+            platform::message::exclamation);
+        return;
+    }
+    int number = set_.regionCount() + 1;
+    while (set_.findRegion(model::set_file::defaultRegionName(number)) != 0) ++number;
+    const std::string name = model::set_file::defaultRegionName(number);
+
+    // Regions are seen and drawn at full size only.
+    if (chkStretch.checked()) {
+        chkStretch.setChecked(false);
+        kvPictureBox1.Stretch(false);
+    }
+    const auto place = newRegion({kvPictureBox1.PicWidth(), kvPictureBox1.PicHeight()},
+                                 kvPictureBox1.seenOfPicture(), rectangles());
+    set_.addRegion(name);
+    lvROIs.setCount(set_.regionCount());
+    cboROI.add(name);
+    kvPictureBox1.ROI_Add(place.X, place.Y, place.dX, place.dY);
+    editName(lvROIs);
 }
 
 void frmStich::btnROIDel_Click() {

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <charconv>
-#include <map>
+#include <iterator>
+#include <unordered_map>
+#include <utility>
 
 #include "model/set_file_checks.h"
 #include "model/set_file_names.h"
@@ -211,19 +213,42 @@ void writeSet(const std::string& fileName, const std::string& appPath, const Ope
     file.flush();
 }
 
-std::vector<int> missingSamples(const OpenSet& set) {
-    std::vector<int> missing;
-    std::map<const std::string*, std::vector<std::string>> listed;
+namespace {
+
+/// Rows by directory, in the order in which the directories first appear.
+std::vector<std::pair<const std::string*, std::vector<int>>> rowsByDirectory(const OpenSet& set) {
+    std::vector<std::pair<const std::string*, std::vector<int>>> groups;
+    std::unordered_map<const std::string*, std::size_t> places;
     for (int row = 1; row <= set.sampleCount(); ++row) {
         const std::string& directory = set.sampleDirectory(row);
-        auto known = listed.find(&directory);
-        if (known == listed.end()) {
-            known = listed.emplace(&directory, platform::files::foldedFileNames(directory)).first;
-        }
-        const auto& there = known->second;
-        if (!std::binary_search(there.begin(), there.end(), text::foldCase(set.sampleName(row))))
-            missing.push_back(row);
+        const auto [place, isNew] = places.try_emplace(&directory, groups.size());
+        if (isNew) groups.push_back({&directory, {}});
+        groups[place->second].second.push_back(row);
     }
+    return groups;
+}
+
+}  // namespace
+
+std::vector<int> missingSamples(const OpenSet& set, const FileNames& fileNames,
+                                platform::BackgroundTask::Progress& progress) {
+    std::vector<int> missing;
+    progress.total = set.sampleCount();
+    int before = 0;
+    for (const auto& [directory, rows] : rowsByDirectory(set)) {
+        const auto size = static_cast<int>(rows.size());
+        // Listing takes the time; it is as good as done when as many names have come as are looked for.
+        const auto there = fileNames(*directory, [&](std::size_t entries) {
+            progress.done = before + std::min(size, static_cast<int>(entries));
+            return !progress.cancelled;
+        });
+        if (progress.cancelled) return missing;
+        std::copy_if(rows.begin(), rows.end(), std::back_inserter(missing), [&](int row) {
+            return !std::binary_search(there.begin(), there.end(), text::foldCase(set.sampleName(row)));
+        });
+        progress.done = before += size;
+    }
+    std::sort(missing.begin(), missing.end());
     return missing;
 }
 

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "editor/open_set.h"
+#include "platform/background_task.h"
+#include "platform/files.h"
 
 namespace editor {
 
@@ -24,7 +27,12 @@ LoadedSet readSet(const std::string& fileName, const std::string& appPath);
 void writeSet(const std::string& fileName, const std::string& appPath, const OpenSet& set,
               const std::vector<RegionRect>& rectangles);
 
-/// Rows of the samples whose files do not exist, ascending. Every directory is listed once.
-std::vector<int> missingSamples(const OpenSet& set);
+/// Names of the files of a directory, folded and sorted (platform::files::foldedFileNames).
+using FileNames = std::function<std::vector<std::string>(std::string_view directory,
+                                                         const platform::files::Continue& goOn)>;
+/// Rows of the samples whose files do not exist, ascending. Every directory is listed once. Tells the number
+/// of samples done; when it is cancelled the answer is worth nothing.
+std::vector<int> missingSamples(const OpenSet& set, const FileNames& fileNames,
+                                platform::BackgroundTask::Progress& progress);
 
 }  // namespace editor

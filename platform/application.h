@@ -5,6 +5,7 @@
 
 namespace platform {
 
+class Container;
 class Form;
 
 namespace application {
@@ -14,6 +15,11 @@ int run(Form& form);
 
 /// Lets pending window messages be processed once.
 void doEvents();
+
+/// The same while the program waits for something: of the mouse and the keys only what is meant for `only`
+/// and what stands in it. All other input is dropped, so that nothing happens later that was meant for what
+/// is seen now. True when Escape was pressed.
+bool doEventsFor(Container& only);
 
 /// Calls a handler at the edge of an event: a RuntimeError (or any other exception) that leaves it becomes
 /// a message box with the active form's caption.

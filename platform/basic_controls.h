@@ -41,6 +41,8 @@ class TextBox : public Control {
     std::string text() const;
     /// Raises nothing. Line breaks of a one-line box become blanks.
     void setText(const std::string& text);
+    /// For output: a line more at the end, which comes into view. Raises nothing.
+    void append(const std::string& line);
     std::function<void()> onChange;      ///< after each change by the user
     std::function<void()> onCommit;      ///< Enter, or the focus left after a change
 };
@@ -115,6 +117,16 @@ class ScrollBar : public Control {
     void setLargeChange(int change);
     std::function<void()> onChange;
     std::function<void()> onScroll;
+};
+
+/// How much of something has been done, from 0 to a maximum.
+class ProgressBar : public Control {
+  public:
+    ProgressBar(Container& parent, const std::string& name);
+    int value() const;
+    void setValue(int value);   ///< kept within 0 and the maximum
+    int maximum() const;
+    void setMaximum(int maximum);   ///< 100 at first; at least 1
 };
 
 /// A slider. Like the scroll bar it raises `onChange` for every new value, by whatever cause.

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -23,11 +24,22 @@ bool exists(std::string_view path);            ///< a file or a directory
 bool fileExists(std::string_view path);
 bool directoryExists(std::string_view path);
 
+/// One state of a file: while it is the same, so is the content. Only to be compared.
+struct Version {
+    std::uint64_t size = 0;
+    std::int64_t changed = 0;
+    friend bool operator==(const Version&, const Version&) = default;
+};
+/// Empty when there is no such file.
+std::optional<Version> version(std::string_view path);
+
+/// Asked now and then while a directory is listed, with the number of entries so far; false ends the listing.
+using Continue = std::function<bool(std::size_t entries)>;
 /// All entries but "." and "..", in no particular order. RuntimeError pathNotFound.
-std::vector<Entry> list(std::string_view directory);
+std::vector<Entry> list(std::string_view directory, const Continue& goOn = {});
 /// Names of the files only, folded for comparison (text::foldCase) and sorted; the quick answer to "which
 /// of these exist?". A directory that cannot be listed holds nothing.
-std::vector<std::string> foldedFileNames(std::string_view directory);
+std::vector<std::string> foldedFileNames(std::string_view directory, const Continue& goOn = {});
 
 /// The directory and all that lead to it. Nothing happens when it exists.
 void createDirectories(std::string_view directory);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/control.h"
+#include "platform/icon_image.h"
 
 namespace platform {
 
@@ -23,6 +24,8 @@ class Form : public Container {
 
     std::string caption() const;
     void setCaption(const std::string& caption);
+    /// In its title bar and where the system shows the window; the program's own at first.
+    void setIcon(const IconImage& icon);
 
     /// Shows and activates the window and paints it.
     void show();

@@ -26,7 +26,7 @@ class UserControl : public Container {
     void setPointer(Pointer pointer);
     Pointer pointer() const;
     void setCapture(bool capture);
-    /// Whether the Tab key stops here.
+    /// Whether the Tab key stops here and a press of the mouse gives it the focus.
     void setTabStop(bool tabStop);
 
     std::intptr_t hWnd() const;

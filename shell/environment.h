@@ -1,6 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <string>
+
+#include "platform/files.h"
 
 namespace shell {
 
@@ -9,6 +12,9 @@ namespace shell {
 struct Environment {
     std::string programDirectory;                    ///< without a backslash at its end
     std::string registryRoot = "Software\\Veltor2";  ///< of the application's settings
+    /// How the files of a directory are learned; called on a thread of its own.
+    std::function<std::vector<std::string>(std::string_view directory, const platform::files::Continue& goOn)>
+        fileNames = platform::files::foldedFileNames;
 };
 
 }  // namespace shell

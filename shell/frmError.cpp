@@ -35,8 +35,7 @@ constexpr std::int32_t nothingSearched = -1;
 frmError::frmError(platform::Form& owner, platform::Registry& registry, const Environment& environment)
     : form("frmError", "Fehlende Dateien", {.clientSize = {560, 360}, .dialog = true, .owner = &owner}),
       lblTop(form, "lblTop", "Diese Dateien der Stichprobe wurden &nicht gefunden:"),
-      ListView1(form, "ListView1", {{"Nr.", 6, platform::ListView::Align::right}, {"Erwartet unter", 60}},
-                {}),
+      ListView1(form, "ListView1", {{"Nr.", 6}, {"Erwartet unter", 76}}, {}),
       lblQuestion(form, "lblQuestion", {}, platform::Label::Style::wrapped),
       btnSearch(form, "btnSearch", "&Suchen..."),
       btnDel(form, "btnDel", "&Entfernen"),

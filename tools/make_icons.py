@@ -11,7 +11,7 @@ import struct
 import zlib
 
 ICON_SIZES = (16, 20, 24, 32, 40, 48, 64, 256)
-CURSOR_SIZES = (32, 48, 64)
+CURSOR_SIZES = (32, 40, 48, 56, 64)
 
 PAPER = (255, 255, 255)
 EDGE = (84, 98, 117)

@@ -3,12 +3,12 @@
 // Takes the folder of the pictures (at least as many as the largest set needs, named by picture()), writes
 // its sets beside it, and prints one line of JSON for each measurement.
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include "benchmarks/window/measure.h"
 #include "editor/frmStich.h"
 #include "editor/set_io.h"
 #include "platform/application.h"
@@ -28,32 +28,10 @@ constexpr int classes = 10;
 constexpr int regions = 10;
 constexpr const char* root = "Software\\Veltor2 Benchmark";
 
-using Clock = std::chrono::steady_clock;
-
-double milliseconds(const std::function<void()>& action) {
-    const auto begin = Clock::now();
-    action();
-    return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
-}
-
-double percentile(std::vector<double> times, double share) {
-    std::sort(times.begin(), times.end());
-    return times[static_cast<std::size_t>(share * static_cast<double>(times.size() - 1) + 0.5)];
-}
-
-double report(const char* name, const std::vector<double>& times, const std::string& note = {}) {
-    const double median = percentile(times, 0.5);
-    std::printf("{\"name\": \"%s\", \"median_ms\": %.3f, \"p95_ms\": %.3f, \"note\": \"%s\"}\n", name, median,
-                percentile(times, 0.95), note.c_str());
-    std::fflush(stdout);
-    return median;
-}
-
-std::vector<double> repeated(int count, const std::function<void()>& action) {
-    std::vector<double> times;
-    for (int i = 0; i < count; ++i) times.push_back(milliseconds(action));
-    return times;
-}
+using measure::milliseconds;
+using measure::percentile;
+using measure::repeated;
+using measure::report;
 
 std::string ratio(double value, double floor) {
     char text[64];
@@ -166,6 +144,7 @@ int main(int count, char** arguments) {
     const auto many = measureClicks(folder, large);
     report("class click, 100000 items", many, ratio(percentile(many, 0.5), few) + " the click at 1000");
     measureOpening(folder);
+    measure::dragging(folder);
     platform::Registry(root).removeAll();
     return 0;
 }

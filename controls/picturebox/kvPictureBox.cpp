@@ -7,6 +7,7 @@
 
 namespace controls {
 
+using platform::MouseButton;
 using platform::Point;
 using platform::Rect;
 using platform::ScrollBar;
@@ -33,6 +34,12 @@ kvPictureBox::kvPictureBox(platform::Container& parent, const std::string& name)
     onClick = [this] {
         if (Click) Click();
     };
+    onMouseDown = [this](MouseButton button, int, Point at) { mouseDown(button, at); };
+    onMouseMove = [this](MouseButton held, int, Point at) { mouseMove(held, at); };
+    onMouseUp = [this](MouseButton, int, Point) { endDrag(); };
+    onCaptureLost = [this] { endDrag(); };
+    onKeyDown = [this](int key, int shift) { return keyDown(key, shift); };
+    setTabStop(true);
 }
 
 Rect kvPictureBox::inner() const {
@@ -48,6 +55,12 @@ int kvPictureBox::viewHeight() const {
     return inner().bottom - platform::metricsOf(*this).hScrollHeight;
 }
 
+Rect kvPictureBox::seenOfPicture() const {
+    const Rect picture{0, 0, PicWidth(), PicHeight()};
+    if (stretch_) return picture;
+    return intersect(picture, Rect::at(-OffsetX_, -OffsetY_, viewWidth(), viewHeight()));
+}
+
 void kvPictureBox::layOut() {
     if (!stretch_) {
         const int vBar = platform::metricsOf(*this).vScrollWidth;
@@ -55,12 +68,12 @@ void kvPictureBox::layOut() {
         const AxisView x = viewAxis(PicWidth(), inner().right, vBar, OffsetX_);
         const AxisView y = viewAxis(PicHeight(), inner().bottom, hBar, OffsetY_);
         // The bars report the new values; one paint at the end serves both.
-        layingOut_ = true;
+        settingBars_ = true;
         VScroll1.move(Rect::at(viewWidth(), 0, vBar, viewHeight()));
         HScroll1.move(Rect::at(0, viewHeight(), viewWidth(), hBar));
         layOut(x, HScroll1);
         layOut(y, VScroll1);
-        layingOut_ = false;
+        settingBars_ = false;
         OffsetX_ = x.offset;
         OffsetY_ = y.offset;
     }
@@ -78,10 +91,23 @@ void kvPictureBox::layOut(const AxisView& axis, ScrollBar& bar) {
 }
 
 void kvPictureBox::scrolled() {
-    if (layingOut_) return;
+    if (settingBars_) return;
+    const Point before = offset();
     if (HScroll1.enabled()) OffsetX_ = -HScroll1.value();
     if (VScroll1.enabled()) OffsetY_ = -VScroll1.value();
-    repaint();
+    if (offset() != before) repaint();
+}
+
+void kvPictureBox::scrollTo(Point wanted) {
+    const auto set = [](ScrollBar& bar, int value) {
+        if (bar.enabled()) bar.setValue(std::clamp(value, 0, bar.maximum()));
+    };
+    // Both directions are one step to the eye.
+    settingBars_ = true;
+    set(HScroll1, -wanted.x);
+    set(VScroll1, -wanted.y);
+    settingBars_ = false;
+    scrolled();
 }
 
 void kvPictureBox::wheel(int notches, int shift) {
@@ -102,6 +128,7 @@ void kvPictureBox::Refresh() {
 }
 
 void kvPictureBox::Clear() {
+    endDrag();
     regions_.clear();
     layOut();
 }

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "controls/picturebox/drag_state.h"
 #include "controls/picturebox/picture_buffer.h"
 #include "controls/picturebox/region_list.h"
 #include "controls/picturebox/view_geometry.h"
@@ -16,6 +17,10 @@ namespace controls {
 
 /// Shows one picture file, at 1:1 with scroll bars (centred when it is smaller than the view) or stretched to
 /// the control with its aspect ratio kept, and over it the regions of interest, in 1:1 mode only.
+///
+/// There the mouse picks regions, moves and sizes them, and beside them pulls a picture that is larger than
+/// the view; Esc takes a drag back. With the focus the arrow keys move the selected region, with Shift they
+/// size it.
 ///
 /// Mind the index bases, which hosts rely on: regions count from 1 in ROI_Add, ROI_Move, ROI_Select, ROI,
 /// ROIselect and regionRect (0 for none), but from 0 in ROI_Remove, GetSelectedROI and ROImove.
@@ -57,6 +62,8 @@ class kvPictureBox : public platform::UserControl {
     /// Where the picture's top left stands in the control in 1:1 mode: 0 or less when it can be scrolled.
     std::int32_t OffsetX() const { return OffsetX_; }
     std::int32_t OffsetY() const { return OffsetY_; }
+    /// The part of the picture that is in view, in picture pixels; in stretch mode all of it.
+    platform::Rect seenOfPicture() const;
     const platform::Surface& buffer() const { return buffer_.surface(); }
 
     // --- How it is shown.
@@ -104,7 +111,7 @@ class kvPictureBox : public platform::UserControl {
     void dX(std::int32_t dX) { current().Right = RegionRecord::edge(current().Left, dX); }
     void dY(std::int32_t dY) { current().Bottom = RegionRecord::edge(current().Top, dY); }
 
-    /// Whether the mouse may move and size regions.
+    /// Whether mouse and keys may move and size regions.
     bool AllowROImove() const { return allowROImove_; }
     void AllowROImove(bool AllowROImove);
     /// Whether regions are seen and can be picked.
@@ -124,8 +131,8 @@ class kvPictureBox : public platform::UserControl {
     using RegionEvent = std::function<void(std::int32_t& Index, std::int32_t& X, std::int32_t& Y,
                                            std::int32_t& dX, std::int32_t& dY)>;
     std::function<void()> Click;
-    RegionEvent ROImove;    ///< counts from 0
-    RegionEvent ROIselect;  ///< counts from 1
+    RegionEvent ROImove;    ///< counts from 0; with each step while the user moves or sizes a region
+    RegionEvent ROIselect;  ///< counts from 1; 0 when the user presses a button beside all regions
     /// A new file is on the screen. The last two are the words that an information header of a Windows bitmap
     /// has there; of other files they mean nothing.
     std::function<void(std::int32_t& Width, std::int32_t& Height, std::int32_t& Planes,
@@ -134,12 +141,15 @@ class kvPictureBox : public platform::UserControl {
     /// Why the file asked for is not on the screen, in German. Told again when the same file is asked for
     /// again.
     std::function<void(const std::string& reason)> onLoadFailed;
+    /// Regions had to be moved into the picture that is shown now.
+    std::function<void()> onRegionsBroughtIn;
 
   private:
     // kvPictureBox.cpp
     void layOut();
     void layOut(const AxisView& axis, platform::ScrollBar& bar);
     void scrolled();
+    void scrollTo(platform::Point wanted);
     void wheel(int notches, int shift);
     void repaint();
     void changed(std::string_view key) const;
@@ -157,10 +167,25 @@ class kvPictureBox : public platform::UserControl {
     RegionRecord& current();
     const RegionRecord& current() const;
     void bringRegionsIn();
+    void setEdges(int index, RegionRecord edges);
     void touch(const RegionRecord& region);
     void touchRegions();
     void scrollAlong(const RegionRecord& from, const RegionRecord& to);
-    void raiseROIselect(std::int32_t index) const;
+    void raise(const RegionEvent& event, int region, std::int32_t index) const;
+    void raiseROIselect(int index) const { raise(ROIselect, index, index); }
+
+    // mouse.cpp
+    void mouseDown(platform::MouseButton button, platform::Point at);
+    void mouseMove(platform::MouseButton held, platform::Point at);
+    bool keyDown(int key, int shift);
+    int pick(platform::Point at, int selected, HitCode selectedCode);
+    void BeginDrag(int index, HitCode code);
+    void endDrag();
+    void takeBack();
+    void reshape(int index, const RegionRecord& edges);
+    bool onView(platform::Point at) const;
+    HitCode hit(int index, platform::Point at) const;
+    platform::Pointer hoverPointer(platform::Point at) const;
 
     platform::Rect inner() const;
     int viewWidth() const;
@@ -171,6 +196,7 @@ class kvPictureBox : public platform::UserControl {
     platform::ScrollBar VScroll1;
     PictureBuffer buffer_;
     RegionList regions_;
+    DragState drag_;
     std::string fileName_;
     std::string failure_;
     std::uint32_t loads_ = 0;
@@ -181,7 +207,7 @@ class kvPictureBox : public platform::UserControl {
     bool sizeGrip_ = false;
     bool allowROImove_ = true;
     bool showROIs_ = true;
-    bool layingOut_ = false;
+    bool settingBars_ = false;
 };
 
 }  // namespace controls

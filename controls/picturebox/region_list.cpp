@@ -39,6 +39,11 @@ RegionRecord RegionRecord::at(std::int32_t X, std::int32_t Y, std::int32_t dX, s
     return {X, Y, edge(X, dX), edge(Y, dY)};
 }
 
+void RegionRecord::putInOrder() {
+    if (Right < Left) std::swap(Left, Right);
+    if (Bottom < Top) std::swap(Top, Bottom);
+}
+
 void bringInto(platform::Size picture, RegionRecord& region) {
     bringInto(picture.width, picture.height, region.Left, region.Right);
     bringInto(picture.height, picture.height, region.Top, region.Bottom);
@@ -92,6 +97,12 @@ void RegionList::unselectAll() {
 int RegionList::firstSelected() const {
     const auto found = std::find_if(begin(), end(), [](const RegionRecord& r) { return r.Selected; });
     return found == end() ? 0 : static_cast<int>(found - begin()) + 1;
+}
+
+int RegionList::lastSelected() const {
+    int index = count();
+    while (index > 0 && !at(index).Selected) --index;
+    return index;
 }
 
 }  // namespace controls

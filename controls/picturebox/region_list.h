@@ -7,8 +7,12 @@
 
 namespace controls {
 
-/// A region of the picture, in picture pixels. Right and Bottom do not belong to it. While a handle is pulled
-/// across the opposite edge, Right may be less than Left and Bottom less than Top.
+/// Far beyond every picture. Regions may have any edges of 32 bits; where sums of them must not overflow, an
+/// edge further away counts as being there.
+inline constexpr std::int32_t farAway = 1 << 28;
+
+/// A region of the picture, in picture pixels. Right and Bottom do not belong to it. What the host gives a
+/// negative size has Right less than Left or Bottom less than Top.
 struct RegionRecord {
     std::int32_t Left = 0;
     std::int32_t Top = 0;
@@ -16,8 +20,13 @@ struct RegionRecord {
     std::int32_t Bottom = 0;
     bool Selected = false;
 
+    friend bool operator==(const RegionRecord&, const RegionRecord&) = default;
+
     std::int32_t dX() const { return distance(Left, Right); }
     std::int32_t dY() const { return distance(Top, Bottom); }
+
+    /// Makes a negative size a positive one.
+    void putInOrder();
 
     /// RuntimeError overflow when an edge does not fit into 32 bits.
     static RegionRecord at(std::int32_t X, std::int32_t Y, std::int32_t dX, std::int32_t dY);
@@ -53,6 +62,7 @@ class RegionList {
     void clear();                         ///< element 0 stays; both indices become 0
     void unselectAll();
     int firstSelected() const;  ///< 0 for none
+    int lastSelected() const;   ///< 0 for none
 
     auto begin() { return regions_.begin() + 1; }
     auto end() { return regions_.end(); }

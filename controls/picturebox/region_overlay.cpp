@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/text.h"
+#include "controls/picturebox/hit_test.h"
 
 namespace controls {
 
@@ -13,43 +13,40 @@ using platform::Rect;
 namespace {
 
 constexpr platform::Colour white = 0xFFFFFF;
-constexpr int handleDistance = 4;  // of a handle's centre from the frame
-constexpr int handleHalf = 4;
-constexpr int reach = handleDistance + handleHalf;  // of all that is drawn outside of a region
+constexpr platform::Colour black = 0x000000;  // beside the white, for white pictures
+constexpr int reach = 2 * handleHalf;         // of all that is drawn outside of a region
 
-/// In control pixels, its edges in order. A region may have any edges of 32 bits; so far away from every
-/// picture it is as good as anywhere else, and nobody's sums overflow.
+int near(std::int32_t edge, int shift) {
+    return std::clamp(edge, -farAway, farAway) + std::clamp(shift, -farAway, farAway);
+}
+
+/// In control pixels, its edges in order.
 Rect onControl(const RegionRecord& r, Point offset) {
-    const auto near = [](std::int32_t edge, int shift) {
-        constexpr int farAway = 1 << 28;
-        return std::clamp(edge, -farAway, farAway) + std::clamp(shift, -farAway, farAway);
-    };
     const auto [left, right] = std::minmax({near(r.Left, offset.x), near(r.Right, offset.x)});
     const auto [top, bottom] = std::minmax({near(r.Top, offset.y), near(r.Bottom, offset.y)});
     return {left, top, right, bottom};
 }
 
-/// Rounded in picture coordinates, so that a handle does not jump by a pixel when the picture is scrolled.
-int middle(std::int32_t start, std::int32_t end, int shift) {
-    return platform::text::roundHalfEven((static_cast<double>(start) + end) / 2) + shift;
+Rect grown(Rect r, int by) {
+    return {r.left - by, r.top - by, r.right + by, r.bottom + by};
+}
+
+/// Its outline is all of the eight pixels that the bands leave for it, so the dark line runs inside of it.
+void drawHandle(Canvas& canvas, Rect handle, platform::Colour inside) {
+    canvas.rectangle(handle, white, black);
+    canvas.fill(grown(handle, -2), inside);
 }
 
 }  // namespace
 
 std::array<Rect, 8> handlesOf(const RegionRecord& region, Point offset) {
-    const Rect r = onControl(region, offset);
-    const int left = r.left - handleDistance;
-    const int right = r.right + handleDistance;
-    const int top = r.top - handleDistance;
-    const int bottom = r.bottom + handleDistance;
-    const int x = middle(r.left - offset.x, r.right - offset.x, offset.x);
-    const int y = middle(r.top - offset.y, r.bottom - offset.y, offset.y);
-    const std::array<Point, 8> centres{Point{left, top},    Point{x, top},        Point{right, top},
-                                       Point{right, y},     Point{right, bottom}, Point{x, bottom},
-                                       Point{left, bottom}, Point{left, y}};
+    const Rect r = onControl(region, {});
     std::array<Rect, 8> handles;
-    std::transform(centres.begin(), centres.end(), handles.begin(), [](Point c) {
-        return Rect{c.x - handleHalf, c.y - handleHalf, c.x + handleHalf, c.y + handleHalf};
+    // Their middles are rounded on the picture, so that no handle jumps by a pixel when it is scrolled.
+    const auto centres = handleCentres({r.left, r.top, r.right, r.bottom});
+    std::transform(centres.begin(), centres.end(), handles.begin(), [offset](Point c) {
+        return Rect::at(near(c.x, offset.x) - handleHalf, near(c.y, offset.y) - handleHalf, 2 * handleHalf,
+                        2 * handleHalf);
     });
     return handles;
 }
@@ -63,10 +60,12 @@ std::array<Rect, 4> bandsOf(const RegionRecord& region, Point offset) {
 }
 
 void drawRegion(Canvas& canvas, const RegionRecord& region, Point offset) {
-    canvas.frame(onControl(region, offset), white);
+    const Rect frame = onControl(region, offset);
+    canvas.frame(grown(frame, 1), black);
+    canvas.frame(frame, white);
     if (!region.Selected) return;
     const platform::Colour inside = platform::systemColour(platform::SystemColour::infoBackground);
-    for (const Rect& handle : handlesOf(region, offset)) canvas.rectangle(handle, white, inside);
+    for (const Rect& handle : handlesOf(region, offset)) drawHandle(canvas, handle, inside);
 }
 
 void drawRegions(Canvas& canvas, const RegionList& regions, Point offset) {

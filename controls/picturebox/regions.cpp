@@ -9,14 +9,13 @@ namespace controls {
 
 using platform::Rect;
 using platform::RuntimeError;
-using platform::ScrollBar;
 
 std::int32_t kvPictureBox::ROI_Add(std::int32_t X, std::int32_t Y, std::int32_t dX, std::int32_t dY) {
     if (X <= 0) X = OffsetX_ > 0 ? 0 : -OffsetX_;
     if (Y <= 0) Y = OffsetY_ > 0 ? 0 : -OffsetY_;
     RegionRecord region = RegionRecord::at(X, Y, dX, dY);
     region.Selected = true;
-    touchRegions();
+    endDrag();
     regions_.unselectAll();
     const int index = regions_.add(region);
     regions_.SelectedIndex = index;
@@ -35,6 +34,7 @@ void kvPictureBox::ROI_Clear() {
 
 void kvPictureBox::ROI_Remove(std::int16_t Index) {
     const RegionRecord removed = regions_.at(Index + 1);
+    endDrag();
     regions_.remove(Index + 1);
     touch(removed);
     Refresh();
@@ -43,14 +43,21 @@ void kvPictureBox::ROI_Remove(std::int16_t Index) {
 void kvPictureBox::ROI_Move(std::int16_t Index, std::int32_t& X, std::int32_t& Y, std::int32_t& dX,
                             std::int32_t& dY) {
     if (Index < 1) return;
-    RegionRecord& region = regions_.at(Index);
-    fitMove(buffer_.picture(), region, X, Y, dX, dY);
-    const RegionRecord before = region;
-    region = RegionRecord::at(X, Y, dX, dY);
-    region.Selected = before.Selected;
-    touch(before);
-    scrollAlong(before, region);
+    const RegionRecord before = regions_.at(Index);
+    fitMove(buffer_.picture(), before, X, Y, dX, dY);
+    const RegionRecord after = RegionRecord::at(X, Y, dX, dY);
+    setEdges(Index, after);
+    scrollAlong(before, after);
     Refresh();
+}
+
+/// Selected as before. What stood there and stands there now is to be painted.
+void kvPictureBox::setEdges(int index, RegionRecord edges) {
+    RegionRecord& region = regions_.at(index);
+    touch(region);
+    edges.Selected = region.Selected;
+    region = edges;
+    touch(region);
 }
 
 void kvPictureBox::scrollAlong(const RegionRecord& from, const RegionRecord& to) {
@@ -59,17 +66,15 @@ void kvPictureBox::scrollAlong(const RegionRecord& from, const RegionRecord& to)
     };
     if (inView(to.Left, to.Right, OffsetX_, viewWidth()) && inView(to.Top, to.Bottom, OffsetY_, viewHeight()))
         return;
-    const auto scroll = [](ScrollBar& bar, std::int64_t way) {
-        if (bar.enabled())
-            bar.setValue(static_cast<int>(std::clamp<std::int64_t>(bar.value() + way, 0, bar.maximum())));
+    const auto along = [](std::int32_t start, std::int32_t end, std::int32_t offset) {
+        constexpr std::int64_t most = farAway;  // the bars keep it in their ranges
+        return static_cast<int>(std::clamp(offset + (std::int64_t{start} - end), -most, most));
     };
-    scroll(HScroll1, std::int64_t{to.Left} - from.Left);
-    scroll(VScroll1, std::int64_t{to.Top} - from.Top);
+    scrollTo({along(from.Left, to.Left, OffsetX_), along(from.Top, to.Top, OffsetY_)});
 }
 
 void kvPictureBox::ROI_Select(std::int32_t Index) {
     RegionRecord& region = regions_.at(Index);
-    touchRegions();
     regions_.CurrentIndex = Index;
     regions_.unselectAll();
     region.Selected = Index > 0;
@@ -98,7 +103,13 @@ const RegionRecord& kvPictureBox::current() const {
 
 void kvPictureBox::bringRegionsIn() {
     if (!showROIs_) return;
-    for (RegionRecord& region : regions_) bringInto(buffer_.picture(), region);
+    bool moved = false;
+    for (RegionRecord& region : regions_) {
+        const RegionRecord before = region;
+        bringInto(buffer_.picture(), region);
+        moved = moved || region != before;
+    }
+    if (moved && onRegionsBroughtIn) onRegionsBroughtIn();
 }
 
 void kvPictureBox::touch(const RegionRecord& region) {
@@ -113,14 +124,14 @@ void kvPictureBox::touchRegions() {
     for (const RegionRecord& region : regions_) touch(region);
 }
 
-void kvPictureBox::raiseROIselect(std::int32_t index) const {
-    if (!ROIselect) return;
-    const RegionRecord& region = regions_.at(index);
-    std::int32_t X = region.Left;
-    std::int32_t Y = region.Top;
-    std::int32_t dX = region.dX();
-    std::int32_t dY = region.dY();
-    ROIselect(index, X, Y, dX, dY);
+void kvPictureBox::raise(const RegionEvent& event, int region, std::int32_t index) const {
+    if (!event) return;
+    const RegionRecord& r = regions_.at(region);
+    std::int32_t X = r.Left;
+    std::int32_t Y = r.Top;
+    std::int32_t dX = r.dX();
+    std::int32_t dY = r.dY();
+    event(index, X, Y, dX, dY);
 }
 
 }  // namespace controls

@@ -43,6 +43,12 @@ void doEvents() {
     Desk::instance().runPending();
 }
 
+// Here nobody acts while the program waits but by what was posted.
+bool doEventsFor(Container&) {
+    Desk::instance().runPending();
+    return false;
+}
+
 void guard(const std::function<void()>& handler) {
     headless::raise(handler);
 }

@@ -5,6 +5,7 @@
 
 namespace platform {
 
+using headless::ProgressBarWindow;
 using headless::RangeWindow;
 using headless::ScrollBarWindow;
 using headless::SliderWindow;
@@ -130,6 +131,26 @@ void Slider::setRange(int minimum, int maximum, int smallChange, int largeChange
     self.smallChange = smallChange;
     self.largeChange = largeChange;
     self.setRange(minimum, maximum);
+}
+
+ProgressBar::ProgressBar(Container& parent, const std::string& name)
+    : Control(std::make_unique<ProgressBarWindow>(&parent.native(), name)) {}
+
+int ProgressBar::value() const {
+    return static_cast<ProgressBarWindow&>(native()).value;
+}
+
+void ProgressBar::setValue(int value) {
+    static_cast<ProgressBarWindow&>(native()).value = std::clamp(value, 0, maximum());
+}
+
+int ProgressBar::maximum() const {
+    return static_cast<ProgressBarWindow&>(native()).maximum;
+}
+
+void ProgressBar::setMaximum(int maximum) {
+    static_cast<ProgressBarWindow&>(native()).maximum = std::max(1, maximum);
+    setValue(value());
 }
 
 }  // namespace platform

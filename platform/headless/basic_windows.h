@@ -88,4 +88,10 @@ struct SliderWindow : RangeWindow {
     void draggedTo(int wanted);
 };
 
+struct ProgressBarWindow : Control::Native {
+    using Native::Native;
+    int value = 0;
+    int maximum = 100;
+};
+
 }  // namespace platform::headless

@@ -99,15 +99,16 @@ std::optional<struct stat> status(std::string_view path) {
     return info;
 }
 
-/// Calls `visit` with each name but "." and ".." and those with a backslash, which no path of ours can reach.
+/// Calls `visit` with each name but "." and ".." and those with a backslash, which no path of ours can reach,
+/// until it answers false.
 template <class Visit>
 bool visitDirectory(const std::string& plain, Visit visit) {
     const Directory opened(::opendir(plain.c_str()));
     if (!opened) return false;
     while (const dirent* entry = ::readdir(opened.get())) {
         const std::string_view name = entry->d_name;
-        if (name != "." && name != ".." && name.find('\\') == std::string_view::npos)
-            visit(::dirfd(opened.get()), *entry);
+        const bool isOurs = name != "." && name != ".." && name.find('\\') == std::string_view::npos;
+        if (isOurs && !visit(::dirfd(opened.get()), *entry)) break;
     }
     return true;
 }
@@ -121,7 +122,8 @@ bool isFile(int directory, const dirent& entry) {
 /// How much is read at once: what was just made for it still lies in the cache when it is filled.
 constexpr std::size_t piece = 262144;
 
-/// Reads until the end of the file or `count` bytes are there, first into what is reserved. False on an error.
+/// Reads until the end of the file or `count` bytes are there, first into what is reserved. False on an
+/// error.
 bool readInto(int file, std::string& content, std::size_t count) {
     for (std::size_t done = 0; done < count;) {
         if (done == content.size()) {
@@ -187,22 +189,31 @@ bool directoryExists(std::string_view path) {
     return info && S_ISDIR(info->st_mode);
 }
 
-std::vector<Entry> list(std::string_view directory) {
+std::optional<Version> version(std::string_view path) {
+    const auto info = status(path);
+    if (!info || S_ISDIR(info->st_mode)) return std::nullopt;
+    return Version{static_cast<std::uint64_t>(info->st_size),
+                   info->st_mtim.tv_sec * std::int64_t{1'000'000'000} + info->st_mtim.tv_nsec};
+}
+
+std::vector<Entry> list(std::string_view directory, const Continue& goOn) {
     std::vector<Entry> entries;
     const bool listed = visitDirectory(systemPath(directory), [&](int parent, const dirent& entry) {
         struct stat info {};
-        if (::fstatat(parent, entry.d_name, &info, 0) != 0) return;  // a link to nowhere
+        if (::fstatat(parent, entry.d_name, &info, 0) != 0) return true;  // a link to nowhere
         entries.push_back(
             {entry.d_name, S_ISDIR(info.st_mode), static_cast<std::uint64_t>(info.st_size), info.st_mtime});
+        return !goOn || goOn(entries.size());
     });
     if (!listed) throw cannotList(directory, reasonOf(errno));
     return entries;
 }
 
-std::vector<std::string> foldedFileNames(std::string_view directory) {
+std::vector<std::string> foldedFileNames(std::string_view directory, const Continue& goOn) {
     std::vector<std::string> names;
     visitDirectory(systemPath(directory), [&](int parent, const dirent& entry) {
         if (isFile(parent, entry)) names.push_back(text::foldCase(entry.d_name));
+        return !goOn || goOn(names.size());
     });
     std::sort(names.begin(), names.end());
     return names;
@@ -225,8 +236,7 @@ std::string read(std::string_view path) {
     std::string content;
     // One byte more than the size, so that the end shows itself without another piece.
     content.reserve(sized ? static_cast<std::size_t>(info.st_size) + 1 : piece);
-    if (!readInto(file.get(), content, content.max_size()))
-        throw cannotRead(path, false, reasonOf(errno));
+    if (!readInto(file.get(), content, content.max_size())) throw cannotRead(path, false, reasonOf(errno));
     return content;
 }
 

@@ -35,6 +35,9 @@ void Form::setCaption(const std::string& caption) {
     window(*this).caption = caption;
 }
 
+// There is no title bar to see it in.
+void Form::setIcon(const IconImage&) {}
+
 void Form::show() {
     window(*this).show();
 }

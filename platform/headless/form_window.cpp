@@ -124,6 +124,7 @@ void Form::setPlacement(const std::string& placement) {
     std::istringstream text(placement);
     int left, top, width, height;
     if (!(text >> left >> top >> width >> height) || width <= 0 || height <= 0) return;
+    if (!(text >> std::ws).eof()) return;
     const Rect screen = Rect::at(0, 0, headless::monitor.width, headless::monitor.height);
     if (!intersect(Rect::at(left, top, width, height), screen).empty())
         move(Rect::at(left, top, width, height));

@@ -17,7 +17,6 @@ namespace platform {
 namespace {
 
 constexpr Colour jpegGrey = 0x808080;
-constexpr std::int64_t mostPixels = 1 << 28;
 
 [[noreturn]] void refuse(const std::string& reason) {
     throw RuntimeError(error::badPicture, "Das Bild kann nicht gelesen werden: " + reason);
@@ -59,7 +58,7 @@ class Bitmap {
             refuse("unbekannte Farbtiefe.");
         const auto width = static_cast<std::int32_t>(bytes.little32(18));
         const std::int64_t rows = std::abs(std::int64_t{height});
-        if (width <= 0 || rows <= 0 || width * rows > mostPixels) refuse("die Größe ist ungültig.");
+        if (width <= 0 || rows <= 0 || width * rows > Raster::mostPixels) refuse("die Größe ist ungültig.");
         size_ = {width, static_cast<int>(rows)};
         pixels_ = bytes.little32(10);
         stride_ = (static_cast<std::size_t>(width) * bits_ + 31) / 32 * 4;
@@ -68,17 +67,31 @@ class Bitmap {
 
     Size size() const { return size_; }
 
+    /// Before room is made for pixels that are not there.
+    void requirePixels() const {
+        bytes_.byte(pixels_ + stride_ * static_cast<std::size_t>(size_.height) - 1);
+    }
+
+    bool hasPlacesInPalette() const { return bits_ == 8; }
+    std::vector<Colour> palette() const { return {palette_.begin(), palette_.begin() + colours_}; }
+    std::uint8_t place(int y, int x) const {
+        return static_cast<std::uint8_t>(bytes_.byte(startOf(y) + static_cast<std::size_t>(x)));
+    }
+
     void decodeRow(int y, int columns, Colour* target) const {
-        const int stored = topDown_ ? y : size_.height - 1 - y;
-        const std::size_t start = pixels_ + static_cast<std::size_t>(stored) * stride_;
+        const std::size_t start = startOf(y);
         for (std::size_t x = 0; x < static_cast<std::size_t>(columns); ++x) target[x] = pixel(start, x);
     }
 
   private:
+    std::size_t startOf(int y) const {
+        return pixels_ + static_cast<std::size_t>(topDown_ ? y : size_.height - 1 - y) * stride_;
+    }
+
     void readPalette(std::size_t start, std::uint32_t used) {
         const std::uint32_t possible = 1u << bits_;
-        const std::uint32_t count = used == 0 || used > possible ? possible : used;
-        for (std::uint32_t i = 0; i < count; ++i) palette_[i] = bytes_.little32(start + 4 * i) & 0xFFFFFF;
+        colours_ = used == 0 || used > possible ? possible : used;
+        for (std::uint32_t i = 0; i < colours_; ++i) palette_[i] = bytes_.little32(start + 4 * i) & 0xFFFFFF;
     }
 
     Colour pixel(std::size_t row, std::size_t x) const {
@@ -99,6 +112,7 @@ class Bitmap {
     std::size_t pixels_ = 0;
     std::size_t stride_ = 0;
     std::array<Colour, 256> palette_{};
+    std::uint32_t colours_ = 0;  // of the palette
 };
 
 Size decodeBitmap(const Bytes& bytes, Surface& target, Rect area) {
@@ -139,6 +153,41 @@ Size decodeJpeg(const Bytes& bytes, Surface& target, Rect area) {
     return size;
 }
 
+/// Room for the rows of a picture of 24 bits.
+Raster trueColour(Size size) {
+    if (std::int64_t{size.width} * size.height > Raster::mostPixels) refuse("die Größe ist ungültig.");
+    Raster raster{size, 24, {}, {}};
+    raster.rows.reserve(raster.bytesPerRow() * static_cast<std::size_t>(size.height));
+    return raster;
+}
+
+Raster bitmapRaster(const Bytes& bytes) {
+    const Bitmap bitmap(bytes);
+    bitmap.requirePixels();
+    const auto [width, height] = bitmap.size();
+    if (bitmap.hasPlacesInPalette()) {
+        Raster raster{bitmap.size(), 8, bitmap.palette(), {}};
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x) raster.rows.push_back(bitmap.place(y, x));
+        return raster;
+    }
+    Raster raster = trueColour(bitmap.size());
+    std::vector<Colour> row(static_cast<std::size_t>(width));
+    for (int y = 0; y < height; ++y) {
+        bitmap.decodeRow(y, width, row.data());
+        for (const Colour colour : row)
+            for (const int shift : {0, 8, 16})
+                raster.rows.push_back(static_cast<std::uint8_t>(colour >> shift));
+    }
+    return raster;
+}
+
+Raster jpegRaster(const Bytes& bytes) {
+    Raster raster = trueColour(jpegSize(bytes));
+    raster.rows.resize(raster.rows.capacity(), static_cast<std::uint8_t>(jpegGrey));
+    return raster;
+}
+
 std::string contentOf(std::string_view fileName) {
     try {
         return files::read(fileName);
@@ -153,6 +202,13 @@ Size decodePicture(std::string_view fileName, Surface& target, Rect area) {
     const Bytes bytes(contentOf(fileName));
     if (bytes.startsWith("BM")) return decodeBitmap(bytes, target, area);
     if (bytes.startsWith("\xFF\xD8")) return decodeJpeg(bytes, target, area);
+    refuse("das Format ist nicht bekannt.");
+}
+
+Raster readRaster(std::string_view fileName) {
+    const Bytes bytes(contentOf(fileName));
+    if (bytes.startsWith("BM")) return bitmapRaster(bytes);
+    if (bytes.startsWith("\xFF\xD8")) return jpegRaster(bytes);
     refuse("das Format ist nicht bekannt.");
 }
 

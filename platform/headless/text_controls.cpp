@@ -103,6 +103,11 @@ void TextBox::setText(const std::string& text) {
     self.changed = false;
 }
 
+void TextBox::append(const std::string& line) {
+    std::string& text = window<TextBoxWindow>(*this).text;
+    text += (text.empty() ? "" : "\r\n") + line;
+}
+
 CheckBox::CheckBox(Container& parent, const std::string& name, const std::string&)
     : Control(std::make_unique<CheckBoxWindow>(&parent.native(), name)) {}
 

@@ -62,6 +62,7 @@ void UserControlWindow::paint() {
 }
 
 void UserControlWindow::mouseDown(MouseButton button, int shift, Point point) {
+    if (tabStop) focus();
     pressed_ = button == MouseButton::left;
     raise(userControl().onMouseDown, button, shift, point);
 }
@@ -118,8 +119,9 @@ void UserControl::setCapture(bool capture) {
         Desk::instance().releaseCapture();
 }
 
-// No Tab key is pressed here: tests give the focus to a control by name.
-void UserControl::setTabStop(bool) {}
+void UserControl::setTabStop(bool tabStop) {
+    window(*this).tabStop = tabStop;
+}
 
 std::intptr_t UserControl::hWnd() const {
     return reinterpret_cast<std::intptr_t>(native_.get());

@@ -24,6 +24,7 @@ struct UserControlWindow : Control::Native {
     void mouseUp(MouseButton button, int shift, Point point);
 
     Pointer pointer = Pointer::arrow;
+    bool tabStop = false;  // there is no Tab key here, but a press of the mouse goes by it
 
   private:
     Surface screen_;

@@ -58,6 +58,10 @@ void doEvents() {
     win32::handlePending();
 }
 
+bool doEventsFor(Container& only) {
+    return win32::handlePendingFor(only.native().window);
+}
+
 void guard(const std::function<void()>& handler) {
     try {
         handler();

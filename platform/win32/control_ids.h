@@ -23,6 +23,9 @@ inline constexpr ControlId controlIds[] = {
     {"kvBar2", 1007},
     {"kvBar3", 1008},
     {"lblHint", 1009},
+    {"fraWait", 1010},
+    {"lblWait", 1011},
+    {"btnWait", 1012},
     // the page of files
     {"fraFiles", 1100},
     {"lblPath", 1101},

@@ -63,7 +63,7 @@ DWORD attributes(std::string_view path) {
     return GetFileAttributesW(systemPath(path).c_str());
 }
 
-/// Calls `visit` for each entry but "." and ".."; returns why it ended.
+/// Calls `visit` for each entry but "." and "..", until it answers false; returns why it ended.
 template <class Visit>
 DWORD visitDirectory(std::string_view directory, Visit visit) {
     const Handle handle(CreateFileW(systemPath(directory).c_str(), FILE_LIST_DIRECTORY, shareAll, nullptr,
@@ -76,7 +76,7 @@ DWORD visitDirectory(std::string_view directory, Visit visit) {
         for (;;) {
             const auto& info = *reinterpret_cast<const FILE_FULL_DIR_INFO*>(at);
             const std::wstring_view name(info.FileName, info.FileNameLength / sizeof(wchar_t));
-            if (name != L"." && name != L"..") visit(info, name);
+            if (name != L"." && name != L".." && !visit(info, name)) return ERROR_NO_MORE_FILES;
             if (info.NextEntryOffset == 0) break;
             at += info.NextEntryOffset;
         }
@@ -153,21 +153,34 @@ bool directoryExists(std::string_view path) {
     return found != INVALID_FILE_ATTRIBUTES && (found & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-std::vector<Entry> list(std::string_view directory) {
+std::optional<Version> version(std::string_view path) {
+    WIN32_FILE_ATTRIBUTE_DATA found{};
+    if (!GetFileAttributesExW(systemPath(path).c_str(), GetFileExInfoStandard, &found) ||
+        (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        return std::nullopt;
+    const auto whole = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; };
+    const FILETIME changed = found.ftLastWriteTime;
+    return Version{whole(found.nFileSizeHigh, found.nFileSizeLow),
+                   static_cast<std::int64_t>(whole(changed.dwHighDateTime, changed.dwLowDateTime))};
+}
+
+std::vector<Entry> list(std::string_view directory, const Continue& goOn) {
     std::vector<Entry> entries;
     const DWORD end = visitDirectory(directory, [&](const FILE_FULL_DIR_INFO& info, std::wstring_view name) {
         entries.push_back({narrow(name), isDirectory(info),
                            static_cast<std::uint64_t>(info.EndOfFile.QuadPart),
                            unixSeconds(info.LastWriteTime)});
+        return !goOn || goOn(entries.size());
     });
     if (end != ERROR_NO_MORE_FILES) throw cannotList(directory, lastErrorText(end));
     return entries;
 }
 
-std::vector<std::string> foldedFileNames(std::string_view directory) {
+std::vector<std::string> foldedFileNames(std::string_view directory, const Continue& goOn) {
     std::vector<std::string> names;
     visitDirectory(directory, [&](const FILE_FULL_DIR_INFO& info, std::wstring_view name) {
         if (!isDirectory(info)) names.push_back(text::foldCase(narrow(name)));
+        return !goOn || goOn(names.size());
     });
     std::sort(names.begin(), names.end());
     return names;

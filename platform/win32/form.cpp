@@ -28,6 +28,10 @@ void Form::setCaption(const std::string& caption) {
     window(*this).setText(caption);
 }
 
+void Form::setIcon(const IconImage& icon) {
+    window(*this).setIcon(icon);
+}
+
 void Form::show() {
     window(*this).show();
 }

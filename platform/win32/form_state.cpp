@@ -5,6 +5,7 @@
 #include "platform/win32/failure.h"
 #include "platform/win32/fonts.h"
 #include "platform/win32/form_window.h"
+#include "platform/win32/image_list.h"
 #include "platform/win32/keyboard.h"
 
 /// Where a form stands, how large it is, and whether it is there at all.
@@ -66,6 +67,13 @@ void FormWindow::setVisible(bool on) {
 void FormWindow::setEnabled(bool on) {
     enabled = on;
     EnableWindow(window, enabled && modalAbove_ == 0);
+}
+
+void FormWindow::setIcon(const IconImage& image) {
+    UniqueIcon icon = makeIcon(image);
+    send(WM_SETICON, ICON_SMALL, icon.get());
+    send(WM_SETICON, ICON_BIG, icon.get());
+    icon_ = std::move(icon);
 }
 
 void FormWindow::show() {

@@ -43,6 +43,7 @@ class FormWindow : public ContainerWindow {
     void setVisible(bool on) override;
     void setEnabled(bool on) override;
 
+    void setIcon(const IconImage& image);
     void show();
     void hide();
     void showModal();
@@ -105,6 +106,7 @@ class FormWindow : public ContainerWindow {
     int dpi_ = 96;
     Font fontName_;
     UniqueFont font_;
+    UniqueIcon icon_;
     std::optional<Metrics> metrics_;  // until the font changes
     HWND toolTips_ = nullptr;         // owned by the window, and gone with it
     HWND focusAtActivation_ = nullptr;

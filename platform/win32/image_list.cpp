@@ -22,6 +22,8 @@ UniqueBitmap makeMask(const IconImage& image) {
     return UniqueBitmap(require(CreateBitmap(image.size, image.size, 1, 1, bits.data()), "Symbol anlegen"));
 }
 
+}  // namespace
+
 UniqueIcon makeIcon(const IconImage& image) {
     const BitmapDc colours({image.size, image.size});
     std::copy(image.pixels.begin(), image.pixels.end(), colours.row(0));
@@ -32,8 +34,6 @@ UniqueIcon makeIcon(const IconImage& image) {
     info.hbmMask = mask.get();
     return UniqueIcon(require(CreateIconIndirect(&info), "Symbol anlegen"));
 }
-
-}  // namespace
 
 UniqueImageList makeImageList(const std::vector<const IconImage*>& images) {
     const int size = images.empty() ? 1 : images.front()->size;

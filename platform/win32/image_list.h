@@ -15,6 +15,8 @@ struct CloseImageList {
 };
 using UniqueImageList = Unique<HIMAGELIST, CloseImageList>;
 
+UniqueIcon makeIcon(const IconImage& image);
+
 /// The pictures in the order given, all of the first one's size.
 UniqueImageList makeImageList(const std::vector<const IconImage*>& images);
 

@@ -21,18 +21,46 @@ void runWhile(const std::function<bool()>& condition) {
     }
 }
 
-bool handlePending() {
-    bool any = false;
+namespace {
+
+/// Takes what is in the queue, for `handler`.
+template <class Handler>
+void takePending(const Handler& handler) {
     MSG message{};
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {
-            PostQuitMessage(static_cast<int>(message.wParam));
-            break;
+            PostQuitMessage(static_cast<int>(message.wParam));  // for the loop around this one
+            return;
         }
+        handler(message);
+    }
+}
+
+bool isInput(UINT id) {
+    const auto within = [id](UINT first, UINT last) { return id >= first && id <= last; };
+    return within(WM_KEYFIRST, WM_KEYLAST) || within(WM_MOUSEFIRST, WM_MOUSELAST) ||
+           within(WM_NCMOUSEMOVE, WM_NCXBUTTONDBLCLK);
+}
+
+}  // namespace
+
+bool handlePending() {
+    bool any = false;
+    takePending([&any](const MSG& message) {
         dispatch(message);
         any = true;
-    }
+    });
     return any;
+}
+
+bool handlePendingFor(HWND only) {
+    bool escape = false;
+    takePending([&](const MSG& message) {
+        if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE) escape = true;
+        const bool isMeant = message.hwnd == only || IsChild(only, message.hwnd);
+        if (isMeant || !isInput(message.message)) dispatch(message);
+    });
+    return escape;
 }
 
 }  // namespace platform::win32

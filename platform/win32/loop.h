@@ -13,6 +13,9 @@ void runWhile(const std::function<bool()>& condition);
 void dispatch(const MSG& message);
 /// Handles what is in the queue; false when there was nothing.
 bool handlePending();
+/// The same without the mouse and key messages that are not for `only` or a window in it; true when one of
+/// these was the Escape key.
+bool handlePendingFor(HWND only);
 
 /// Whether the wait pointer is to be shown.
 bool waiting();

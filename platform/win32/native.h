@@ -49,7 +49,7 @@ struct Control::Native {
     /// What it paints its ground with; `behind` lets its parent's ground show through. Null: the system's
     /// way.
     virtual HBRUSH ground(HBRUSH /*behind*/) const { return nullptr; }
-    /// Whether panels beside it are its pages.
+    /// Whether panels that lie on it are its pages.
     virtual bool hasPages() const { return false; }
 
     // Keyboard.

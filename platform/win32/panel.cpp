@@ -53,8 +53,10 @@ Handled PanelWindow::handle(const Message& m) {
 
 HBRUSH PanelWindow::background() {
     const auto& beside = parent->children;
-    if (std::none_of(beside.begin(), beside.end(), [](const Native* other) { return other->hasPages(); }))
-        return ContainerWindow::background();
+    const bool isPage = std::any_of(beside.begin(), beside.end(), [this](const Native* other) {
+        return other->hasPages() && intersect(other->bounds(), bounds()) == bounds();
+    });
+    if (!isPage) return ContainerWindow::background();
     if (!page_) page_ = UniqueBrush(require(CreateSolidBrush(pageColour(window)), "Hintergrund malen"));
     return page_.get();
 }

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "platform/win32/handle.h"
 #include "platform/win32/picture_decoders.h"
 #include "platform/win32/surface_bitmap.h"
@@ -10,13 +12,27 @@ namespace platform::win32 {
 
 namespace {
 
-/// The bitmap of a picture, which goes on owning it.
-HBITMAP bitmapOf(IPicture& picture) {
+/// Null when the loader refuses.
+UniqueCom<IPicture> loaded(const std::string& content) {
+    IStream* opened =
+        SHCreateMemStream(reinterpret_cast<const BYTE*>(content.data()), static_cast<UINT>(content.size()));
+    if (!opened) return {};
+    const UniqueCom<IStream> stream(opened);
+    IPicture* picture = nullptr;
+    if (FAILED(OleLoadPicture(stream.get(), static_cast<LONG>(content.size()), TRUE, IID_IPicture,
+                              reinterpret_cast<void**>(&picture))))
+        return {};
+    return UniqueCom<IPicture>(picture);
+}
+
+/// The bitmap of a picture, which goes on owning it; null when it has none.
+HBITMAP bitmapOf(IPicture& picture, BITMAP& description) {
     SHORT type = PICTYPE_UNINITIALIZED;
     OLE_HANDLE handle = 0;
     if (FAILED(picture.get_Type(&type)) || type != PICTYPE_BITMAP || FAILED(picture.get_Handle(&handle)))
         return nullptr;
-    return reinterpret_cast<HBITMAP>(static_cast<INT_PTR>(static_cast<LONG>(handle)));
+    const auto bitmap = reinterpret_cast<HBITMAP>(static_cast<INT_PTR>(static_cast<LONG>(handle)));
+    return bitmap && GetObjectW(bitmap, sizeof description, &description) ? bitmap : nullptr;
 }
 
 /// 0x00RRGGBB in every pixel, whatever the fourth byte was before.
@@ -32,18 +48,10 @@ void clearFourthByte(const BitmapDc& pixels, const Rect& covered) {
 
 bool decodeByPictureLoader(const std::string& content, Surface& target, Rect area, Size& size) {
     const ComApartment apartment;
-    IStream* opened =
-        SHCreateMemStream(reinterpret_cast<const BYTE*>(content.data()), static_cast<UINT>(content.size()));
-    if (!opened) return false;
-    const UniqueCom<IStream> stream(opened);
-    IPicture* loaded = nullptr;
-    if (FAILED(OleLoadPicture(stream.get(), static_cast<LONG>(content.size()), TRUE, IID_IPicture,
-                              reinterpret_cast<void**>(&loaded))))
-        return false;
-    const UniqueCom<IPicture> picture(loaded);
-    const HBITMAP bitmap = bitmapOf(*picture.get());
+    const auto picture = loaded(content);
     BITMAP description{};
-    if (!bitmap || !GetObjectW(bitmap, sizeof description, &description)) return false;
+    const HBITMAP bitmap = picture ? bitmapOf(*picture.get(), description) : nullptr;
+    if (!bitmap) return false;
     size = {description.bmWidth, description.bmHeight};
 
     const Rect all = Rect::at(0, 0, target.size().width, target.size().height);
@@ -57,6 +65,33 @@ bool decodeByPictureLoader(const std::string& content, Surface& target, Rect are
                 covered.left - area.left, covered.top - area.top, SRCCOPY))
         return false;
     clearFourthByte(pixels, covered);
+    return true;
+}
+
+bool readByPictureLoader(const std::string& content, Raster& raster) {
+    const ComApartment apartment;
+    const auto picture = loaded(content);
+    BITMAP description{};
+    const HBITMAP bitmap = picture ? bitmapOf(*picture.get(), description) : nullptr;
+    if (!bitmap || !sizeRaster(raster, {description.bmWidth, description.bmHeight}, 24)) return false;
+
+    BITMAPINFO wanted{};
+    wanted.bmiHeader.biSize = sizeof wanted.bmiHeader;
+    wanted.bmiHeader.biWidth = raster.size.width;
+    wanted.bmiHeader.biHeight = -raster.size.height;  // from the top
+    wanted.bmiHeader.biPlanes = 1;
+    wanted.bmiHeader.biBitCount = 24;
+    const auto height = static_cast<std::size_t>(raster.size.height);
+    const std::size_t filledUp = (raster.bytesPerRow() + 3) / 4 * 4;  // as it comes
+    raster.rows.resize(filledUp * height);
+    const UniqueDc dc(CreateCompatibleDC(nullptr));
+    if (GetDIBits(dc.get(), bitmap, 0, static_cast<UINT>(height), raster.rows.data(), &wanted,
+                  DIB_RGB_COLORS) != raster.size.height)
+        return false;
+    for (std::size_t y = 1; y < height; ++y)
+        std::copy_n(raster.rows.data() + y * filledUp, raster.bytesPerRow(),
+                    raster.rows.data() + y * raster.bytesPerRow());
+    raster.rows.resize(raster.bytesPerRow() * height);
     return true;
 }
 

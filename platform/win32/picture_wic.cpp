@@ -1,3 +1,5 @@
+#include <vector>
+
 #include "platform/win32/failure.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/picture_decoders.h"
@@ -65,24 +67,53 @@ void check(HRESULT result) {
     if (FAILED(result)) throw Refused{result};
 }
 
-UniqueCom<IWICBitmapFrameDecode> firstFrame(IWICBitmapDecoder& decoder) {
-    return made<IWICBitmapFrameDecode>([&](auto out) { return decoder.GetFrame(0, out); });
+/// The first frame of a file, whose content must outlive it.
+UniqueCom<IWICBitmapFrameDecode> firstFrame(const std::string& content) {
+    const auto stream = made<IWICStream>([](auto out) { return factory()->CreateStream(out); });
+    auto* bytes = reinterpret_cast<BYTE*>(const_cast<char*>(content.data()));  // only read
+    check(stream.get()->InitializeFromMemory(bytes, static_cast<DWORD>(content.size())));
+    const auto decoder = made<IWICBitmapDecoder>([&](auto out) {
+        return factory()->CreateDecoderFromStream(stream.get(), nullptr, WICDecodeMetadataCacheOnDemand, out);
+    });
+    return made<IWICBitmapFrameDecode>([&](auto out) { return decoder.get()->GetFrame(0, out); });
 }
 
-/// The frame as 32 bits a pixel, blue first; itself when it is stored so.
-UniqueCom<IWICBitmapSource> asPixels(IWICBitmapFrameDecode& frame) {
+Size sizeOf(IWICBitmapSource& source) {
+    UINT width = 0;
+    UINT height = 0;
+    check(source.GetSize(&width, &height));
+    return {static_cast<int>(width), static_cast<int>(height)};
+}
+
+WICPixelFormatGUID formatOf(IWICBitmapSource& source) {
     WICPixelFormatGUID format{};
-    check(frame.GetPixelFormat(&format));
-    if (format == GUID_WICPixelFormat32bppBGR) {
+    check(source.GetPixelFormat(&format));
+    return format;
+}
+
+/// The frame in that pixel format; itself when it is stored so.
+UniqueCom<IWICBitmapSource> converted(IWICBitmapFrameDecode& frame, const WICPixelFormatGUID& wanted) {
+    if (formatOf(frame) == wanted) {
         frame.AddRef();
         return UniqueCom<IWICBitmapSource>(&frame);
     }
     auto converter =
         made<IWICFormatConverter>([](auto out) { return factory()->CreateFormatConverter(out); });
-    check(converter.get()->Initialize(&frame, GUID_WICPixelFormat32bppBGR, WICBitmapDitherTypeNone, nullptr,
-                                      0.0, WICBitmapPaletteTypeCustom));
+    check(converter.get()->Initialize(&frame, wanted, WICBitmapDitherTypeNone, nullptr, 0.0,
+                                      WICBitmapPaletteTypeCustom));
     converter.get()->AddRef();
     return UniqueCom<IWICBitmapSource>(converter.get());
+}
+
+std::vector<Colour> paletteOf(IWICBitmapFrameDecode& frame) {
+    const auto palette = made<IWICPalette>([](auto out) { return factory()->CreatePalette(out); });
+    check(frame.CopyPalette(palette.get()));
+    std::vector<WICColor> colours(256);
+    UINT count = 0;
+    check(palette.get()->GetColors(static_cast<UINT>(colours.size()), colours.data(), &count));
+    std::vector<Colour> result;
+    for (UINT i = 0; i < count; ++i) result.push_back(colours[i] & 0xFFFFFF);
+    return result;
 }
 
 /// Copies what lies within the area, without a bitmap in between.
@@ -114,19 +145,25 @@ ComApartment::~ComApartment() {
 
 std::string decodeByImagingComponent(const std::string& content, Surface& target, Rect area, Size& size) {
     try {
-        const auto stream = made<IWICStream>([](auto out) { return factory()->CreateStream(out); });
-        auto* bytes = reinterpret_cast<BYTE*>(const_cast<char*>(content.data()));  // only read
-        check(stream.get()->InitializeFromMemory(bytes, static_cast<DWORD>(content.size())));
-        const auto decoder = made<IWICBitmapDecoder>([&](auto out) {
-            return factory()->CreateDecoderFromStream(stream.get(), nullptr, WICDecodeMetadataCacheOnDemand,
-                                                      out);
-        });
-        const auto frame = firstFrame(*decoder.get());
-        UINT width = 0;
-        UINT height = 0;
-        check(frame.get()->GetSize(&width, &height));
-        size = {static_cast<int>(width), static_cast<int>(height)};
-        copyPixels(*asPixels(*frame.get()).get(), size, target, area);
+        const auto frame = firstFrame(content);
+        size = sizeOf(*frame.get());
+        copyPixels(*converted(*frame.get(), GUID_WICPixelFormat32bppBGR).get(), size, target, area);
+        return {};
+    } catch (const Refused& refused) {
+        return reasonOf(refused.result);
+    }
+}
+
+std::string readByImagingComponent(const std::string& content, Raster& raster) {
+    try {
+        const auto frame = firstFrame(content);
+        const bool indexed = formatOf(*frame.get()) == GUID_WICPixelFormat8bppIndexed;
+        if (!sizeRaster(raster, sizeOf(*frame.get()), indexed ? 8 : 24)) return "die Größe ist ungültig";
+        if (indexed) raster.palette = paletteOf(*frame.get());
+        const auto pixels =
+            converted(*frame.get(), indexed ? GUID_WICPixelFormat8bppIndexed : GUID_WICPixelFormat24bppBGR);
+        check(pixels.get()->CopyPixels(nullptr, static_cast<UINT>(raster.bytesPerRow()),
+                                       static_cast<UINT>(raster.rows.size()), raster.rows.data()));
         return {};
     } catch (const Refused& refused) {
         return reasonOf(refused.result);

@@ -42,6 +42,14 @@ class TextBoxWindow : public Control::Native {
         send(EM_SCROLLCARET);  // what came last is in view
     }
 
+    void append(const std::string& line) {
+        const Quiet quiet(*this);
+        const auto end = static_cast<WPARAM>(GetWindowTextLengthW(window));
+        send(EM_SETSEL, end, static_cast<LPARAM>(end));
+        const std::wstring added = wide((end > 0 ? "\r\n" : "") + line);
+        send(EM_REPLACESEL, FALSE, added.c_str());
+    }
+
     void command(int, int code) override {
         if (quiet() || !control) return;
         if (code == EN_CHANGE) {
@@ -56,6 +64,7 @@ class TextBoxWindow : public Control::Native {
         static constexpr Route<TextBoxWindow> routes[] = {
             on<WM_KEYDOWN, &TextBoxWindow::keyDown>(),
             on<WM_CHAR, &TextBoxWindow::character>(),
+            on<WM_PASTE, &TextBoxWindow::paste>(),
         };
         return dispatch(*this, routes, m);
     }
@@ -75,6 +84,20 @@ class TextBoxWindow : public Control::Native {
     /// One line takes no Enter; the system would beep.
     Handled character(wchar_t letter) {
         return letter == L'\r' && style_ != TextBox::Style::output ? done : std::nullopt;
+    }
+
+    /// The system would leave out what follows the first line.
+    Handled paste() {
+        if (style_ != TextBox::Style::edit || !OpenClipboard(window)) return std::nullopt;
+        std::wstring pasted;
+        if (const HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
+            const auto* text = static_cast<const wchar_t*>(GlobalLock(data));
+            if (text) pasted = wide(onOneLine(narrow(text)));
+            GlobalUnlock(data);
+        }
+        CloseClipboard();
+        send(EM_REPLACESEL, TRUE, pasted.c_str());
+        return done;
     }
 
     TextBox::Style style_;
@@ -97,6 +120,10 @@ std::string TextBox::text() const {
 
 void TextBox::setText(const std::string& text) {
     win32::window(*this).replaceText(text);
+}
+
+void TextBox::append(const std::string& line) {
+    win32::window(*this).append(line);
 }
 
 }  // namespace platform

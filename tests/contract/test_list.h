@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <string>
 #include <vector>
@@ -21,13 +22,12 @@ struct ListWindow : TestWindow {
         fraPage.move(platform::Rect::at(0, 0, 500, 350));
         list.move(platform::Rect::at(0, 0, 400, 300));
         list.cell = [this](int row, int subItem) {
-            return subItem == 0 && renamed.contains(row) ? renamed[row] : text(row, subItem);
+            const std::string text = "Bild" + std::to_string(row);
+            if (subItem == 0) return renamed.contains(row) ? renamed[row] : text;
+            return text + "/" + std::to_string(subItem);
         };
-        list.onItemClick = [this](int row) { events.push_back("item " + std::to_string(row)); };
+        list.onItemClick = log("item");
         list.onSelectionChange = log("selection");
-    }
-    static std::string text(int row, int subItem) {
-        return "Bild" + std::to_string(row) + (subItem == 0 ? "" : "/" + std::to_string(subItem));
     }
     Rows selected() const {
         Rows rows;
@@ -36,9 +36,8 @@ struct ListWindow : TestWindow {
         return rows;
     }
     bool raisedOnce(const std::string& event) {
-        int times = 0;
-        for (const std::string& e : raised()) times += e == event;
-        return times == 1;
+        const Events all = raised();
+        return std::count(all.begin(), all.end(), event) == 1;
     }
 
     platform::Panel fraPage{form, "fraPage"};

@@ -12,42 +12,29 @@ using platform::Size;
 
 constexpr int inner = 217, bar = 17;  // so the view is 200
 
-TEST(ViewAxis, CentresWhatFitsIntoTheView) {
-    const struct {
-        int picture, offset;
-    } cases[] = {{0, 100}, {100, 50}, {200, 0}, {199, 0}, {197, 2}, {195, 2}, {193, 4}};  // halves to even
-    for (const auto& c : cases) {
-        const AxisView axis = viewAxis(c.picture, inner, bar, -77);
-        EXPECT_FALSE(axis.scrollable) << c.picture;
-        EXPECT_EQ(axis.offset, c.offset) << c.picture;
-    }
-}
-
-TEST(ViewAxis, ScrollsWhatDoesNotFit) {
+TEST(ViewAxis, CentresWhatFitsAndScrollsTheRest) {
     const struct {
         int picture, before, maximum, small, offset;
     } cases[] = {
-        {201, 0, 1, 1, 0},                                  // one pixel too wide
-        {215, 0, 15, 2, 0},                                 // 1.5 changes
-        {245, 0, 45, 2, 0},                                 // 2.5 changes
-        {500, -40, 300, 11, -40},   {500, 30, 300, 11, 0},  // was centred
+        {0, -77, 0, 0, 100},        {100, -77, 0, 0, 50},  {200, -77, 0, 0, 0},
+        {199, -77, 0, 0, 0},        {197, -77, 0, 0, 2},   {195, -77, 0, 0, 2},  // halves to even
+        {201, 0, 1, 1, 0},                                                       // one pixel too wide
+        {215, 0, 15, 2, 0},         {245, 0, 45, 2, 0},                          // 1.5 and 2.5 changes
+        {500, -40, 300, 11, -40},   {500, 30, 300, 11, 0},                       // was centred
         {500, -400, 300, 11, -300},  // was scrolled further than there is to scroll now
     };
     for (const auto& c : cases) {
         const AxisView axis = viewAxis(c.picture, inner, bar, c.before);
-        EXPECT_TRUE(axis.scrollable) << c.picture;
+        EXPECT_EQ(axis.scrollable, c.maximum > 0) << c.picture;
+        EXPECT_EQ(axis.offset, c.offset) << c.picture << " from " << c.before;
+        if (!axis.scrollable) continue;
         EXPECT_EQ(axis.maximum, c.maximum) << c.picture;
         EXPECT_EQ(axis.smallChange, c.small) << c.picture;
         EXPECT_EQ(axis.largeChange, 200) << c.picture;
-        EXPECT_EQ(axis.offset, c.offset) << c.picture << " from " << c.before;
     }
-}
-
-TEST(ViewAxis, StandsAControlSmallerThanItsScrollBar) {
-    const AxisView axis = viewAxis(50, 5, bar, 0);
-    EXPECT_EQ(axis.maximum, 62);
-    EXPECT_GE(axis.largeChange, 1);
-    EXPECT_EQ(axis.offset, 0);
+    const AxisView tiny = viewAxis(50, 5, bar, 0);
+    EXPECT_EQ(tiny.maximum, 62) << "a control smaller than its scroll bar";
+    EXPECT_GE(tiny.largeChange, 1);
 }
 
 TEST(ViewStretched, KeepsTheAspectRatioBetweenTwoBands) {

@@ -52,7 +52,6 @@ TEST_F(Classes, RenamingReachesEveryPlaceAndItsOwnNameMayChangeCase) {
     user::clickRow(w.lvCClasses, 1);
     user::key(w.lvCClasses, platform::keyCode::f2);
     user::finishEdit(w.lvCClasses, "KLASSE1");
-    expectInStep({"KLASSE1", "Klasse3"});
     EXPECT_EQ(classShown(1), "KLASSE1");
     user::doubleClickRow(w.lvCClasses, 2);
     user::abandonEdit(w.lvCClasses);
@@ -115,19 +114,16 @@ TEST_F(Classes, DescriptionsBelongToTheSelectedClass) {
     EXPECT_FALSE(w.unchanged());
 }
 
-// Making a set -------------------------------------------------------------------------------------------
-
 class Creating : public EditorTest {
   protected:
     void SetUp() override {
-        for (const char* name : {"bild10.bmp", "Bild2.BMP", "bild1.JPG", "text.txt"}) {
-            folder.write(std::string("Quelle ä\\") + name, std::string(std::string(name).size() * 1000, 'x'));
-        }
+        for (const std::string name : {"bild10.bmp", "Bild2.BMP", "bild1.JPG", "text.txt"})
+            folder.write("Quelle ä\\" + name, std::string(name.size() * 1000, 'x'));
         ASSERT_TRUE(start());
         folders.answer(folder.file("Quelle ä"));
         user::press(window().btnPath);
     }
-    support::FolderScript folders;
+    support::DialogScript folders;
 };
 
 TEST_F(Creating, AFolderIsBrowsedAndProposesTheNameOfANewSet) {
@@ -137,23 +133,19 @@ TEST_F(Creating, AFolderIsBrowsedAndProposesTheNameOfANewSet) {
     EXPECT_EQ(w.cboSets.text(), "Quelle ä");
     ASSERT_EQ(w.ListView1.count(), 3);
     EXPECT_EQ(user::shown(w.ListView1, 2, 0), "Bild2.BMP");
+    w.kvBar2.setPosition(640);  // all columns in view
+    w.form.onResize();
+    user::clickColumn(w.ListView1, 1);
+    EXPECT_EQ(user::shown(w.ListView1, 1, 0), "bild10.bmp") << "each click turns the direction";
+    user::clickColumn(w.ListView1, 2);
+    EXPECT_EQ(user::shown(w.ListView1, 3, 0), "bild10.bmp") << "by size, smallest first";
+    EXPECT_EQ(user::shown(w.ListView1, 1, 1), "9 KB");
     user::type(w.cboSets, "mein Name");
     folders.answer(folder.file("Picture")).answer("");
     user::press(w.btnPath);
     user::press(w.btnPath);
     EXPECT_EQ(w.cboSets.text(), "mein Name");
     EXPECT_EQ(w.ListView1.count(), 0);
-}
-
-TEST_F(Creating, EveryColumnSortsInTheOneDirectionThatEachClickTurns) {
-    auto& w = window();
-    w.kvBar2.setPosition(640);  // all columns in view
-    w.form.onResize();
-    user::clickColumn(w.ListView1, 1);
-    EXPECT_EQ(user::shown(w.ListView1, 1, 0), "bild10.bmp");
-    user::clickColumn(w.ListView1, 2);
-    EXPECT_EQ(user::shown(w.ListView1, 3, 0), "bild10.bmp") << "by size, smallest first";
-    EXPECT_EQ(user::shown(w.ListView1, 1, 1), "9 KB");
 }
 
 TEST_F(Creating, FilesGoIntoTheSetOnceUnlessDuplicatesAreAllowed) {

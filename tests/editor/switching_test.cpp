@@ -33,74 +33,64 @@ TEST_F(Switching, ChoosingASetOpensItWhole) {
     EXPECT_EQ(w.lvCItems.count(), 2);
 }
 
-TEST_F(Switching, ChangesAreSavedWhenTheUserSaysSo) {
-    openByChooser("A");
-    pressClass(2);
-    messages.expect(saveA, message::yes).expect(overwriteA, message::ok);
-    openByChooser("B");
-    EXPECT_EQ(messages.shown()[0].codes, 36);
-    EXPECT_EQ(messages.shown()[0].title, "Stichprobe");
-    EXPECT_EQ(messages.shown()[1].codes, 33);
-    EXPECT_EQ(stored("A", "ROI0", "1"), "3");
-    EXPECT_EQ(window().cboSets.text(), "B");
-    EXPECT_EQ(window().lvCItems.count(), 4);
-}
-
-TEST_F(Switching, ChangesAreDroppedWhenTheUserSaysSo) {
-    openByChooser("A");
-    pressClass(2);
-    messages.expect(saveA, message::no);
-    openByChooser("B");
-    EXPECT_EQ(stored("A", "ROI0", "1"), "1");
-    EXPECT_EQ(window().lvCItems.count(), 4);
-}
-
-TEST_F(Switching, AFailedSaveKeepsTheSetAndItsChooserEntry) {
-    openByChooser("A");
-    pressClass(2);
-    messages.expect(saveA, message::yes).expect(overwriteA, message::cancel);
-    openByChooser("B");
-    EXPECT_EQ(window().cboSets.text(), "A");
-    EXPECT_EQ(window().lvCItems.count(), 2);
-    EXPECT_EQ(window().ItemClasses(1, 0), 2) << "the label is still there";
-    EXPECT_FALSE(window().unchanged());
+TEST_F(Switching, ChangesAreSavedOrDroppedAsTheUserSays) {
+    const struct {
+        int save, overwrite;
+        const char *stored, *open;
+    } cases[] = {{message::no, 0, "1", "B"},
+                 {message::yes, message::cancel, "1", "A"},
+                 {message::yes, message::ok, "3", "B"}};
+    for (const auto& c : cases) {
+        restart();
+        openByChooser("A");
+        pressClass(2);
+        messages.expect(saveA, c.save);
+        if (c.save == message::yes) messages.expect(overwriteA, c.overwrite);
+        openByChooser("B");
+        EXPECT_EQ(stored("A", "ROI0", "1"), c.stored);
+        EXPECT_EQ(window().cboSets.text(), c.open);
+        const bool stays = c.open == std::string("A");
+        EXPECT_EQ(window().lvCItems.count(), stays ? 2 : 4);
+        EXPECT_EQ(window().ItemClasses(1, 0), stays ? 2 : 0) << "the label is still there";
+        EXPECT_EQ(window().unchanged(), !stays);
+    }
+    EXPECT_EQ(messages.shown()[1].codes, 36);
+    EXPECT_EQ(messages.shown()[1].title, "Stichprobe");
+    EXPECT_EQ(messages.shown()[2].codes, 33);
 }
 
 TEST_F(Switching, ASetThatCannotBeReadLeavesTheOldOneOpen) {
     writeSetFile("kaputt", "[Common]\r\nClasses=1\r\nROIs=1\r\nItems=2000000000\r\n");
     restart();
     openByChooser("A");
-    user::clickRow(window().lvCItems, 2);
-    messages.expectPart("Items");
+    pressClass(1);
+    messages.expect(saveA, message::no).expectPart("Items");
     openByChooser("kaputt");
     EXPECT_EQ(messages.shown().back().codes, message::exclamation);
     EXPECT_EQ(window().cboSets.text(), "A");
+    EXPECT_EQ(window().cboSets.listIndex(), 0);
     EXPECT_EQ(window().lvCItems.count(), 2);
-    pressClass(1);
-    EXPECT_FALSE(window().unchanged());
+    EXPECT_EQ(window().ItemClasses(1, 0), 0) << "the changes that were given up are gone";
+    EXPECT_TRUE(window().unchanged());
 }
 
-TEST_F(Switching, ABadSetAfterAnUnnamedOneKeepsTheUnnamedOne) {
+TEST_F(Switching, ABadSetAfterOneWithoutANameKeepsThatOne) {
     writeSetFile("kaputt", "[Common]\r\n");
-    restart(folder.file("TestSets\\B.kvs"));
-    pressClass(1);
-    messages.expect("Änderungen in  \".kvs\" speichern?", message::no).expectPart("Classes");
-    openByChooser("kaputt");
-    EXPECT_EQ(window().set().sampleCount(), 4);
-    EXPECT_EQ(window().ItemClasses(1, 0), 1);
-    EXPECT_EQ(window().cboSets.text(), "");
-}
-
-TEST_F(Switching, ASavedSetStaysOpenUnderItsNameWhenTheNextCannotBeRead) {
-    writeSetFile("kaputt", "[Common]\r\n");
-    restart(folder.file("TestSets\\A.kvs"));
-    pressClass(2);
-    user::type(window().cboSets, "Neu");
-    messages.expect("Änderungen in  \"Neu.kvs\" speichern?", message::yes).expectPart("Classes");
-    openByChooser("kaputt");
-    EXPECT_EQ(window().cboSets.text(), "Neu");
-    EXPECT_EQ(window().ItemClasses(1, 0), 2);
-    EXPECT_TRUE(window().unchanged()) << "it was saved";
+    for (const char* name : {"", "Neu"}) {
+        restart(folder.file("TestSets\\B.kvs"));
+        pressClass(1);
+        user::type(window().cboSets, name);
+        const bool saved = name != std::string();
+        messages
+            .expect("Änderungen in  \"" + std::string(name) + ".kvs\" speichern?",
+                    saved ? message::yes : message::no)
+            .expectPart("Classes");
+        openByChooser("kaputt");
+        EXPECT_EQ(window().set().sampleCount(), 4);
+        EXPECT_EQ(window().ItemClasses(1, 0), 1);
+        EXPECT_EQ(window().cboSets.text(), name);
+        EXPECT_EQ(window().unchanged(), saved);
+    }
 }
 
 TEST_F(Switching, AStrayClassNumberIsPutRightAndTold) {
@@ -139,23 +129,19 @@ TEST_F(Switching, ANewNameIsListedAndBecomesTheCurrentOne) {
     user::type(w.cboSets, "Ärger");
     user::press(w.btnSave);
     EXPECT_TRUE(w.unchanged());
+    EXPECT_EQ(w.cboSets.listIndex(), 1) << "in the order of the names";
     EXPECT_EQ(w.cboSets.text(), "Ärger");
-    ASSERT_GE(w.cboSets.listIndex(), 0);
-    EXPECT_EQ(w.cboSets.item(w.cboSets.listIndex()), "Ärger");
     EXPECT_EQ(w.cboSets.count(), 3);
     EXPECT_EQ(stored("Ärger", "ROI0", "1"), "2");
     EXPECT_EQ(stored("Ärger", "Items", "1"), "Picture\\A\\bild1.bmp");
     openByChooser("A");
     EXPECT_EQ(w.lvCItems.count(), 2) << "nothing to ask: it was saved";
-}
 
-TEST_F(Switching, ANameThatDiffersOnlyInCaseIsOverwrittenAfterAQuestion) {
-    openByChooser("A");
-    user::type(window().cboSets, "b");
+    user::type(w.cboSets, "b");  // differs in its case only
     messages.expect("Stichprobendatei \"b.kvs\" ist bereits vorhanden.\r\nVorhandene Datei überschreiben?",
                     message::cancel);
-    user::press(window().btnSave);
-    EXPECT_FALSE(window().unchanged());
+    user::press(w.btnSave);
+    EXPECT_FALSE(w.unchanged());
     EXPECT_EQ(stored("B", "Common", "Items"), "4");
 }
 
@@ -195,15 +181,11 @@ TEST_F(Switching, AbbrechenDropsEverythingWithoutAQuestion) {
     EXPECT_EQ(registry.read("Stich", "Interval"), "1000") << "the settings are kept all the same";
 }
 
-TEST_F(Switching, ChoosingTheCurrentSetReadsItAgainWithoutAQuestion) {
+TEST_F(Switching, TypingTheNameOfAnotherSetDoesNotHideTheChangesOfTheOpenOne) {
     openByChooser("A");
     pressClass(1);
     window().cboSets.onClick();
-    EXPECT_EQ(window().ItemClasses(1, 0), 0);
-}
-
-TEST_F(Switching, TypingTheNameOfAnotherSetDoesNotHideTheChangesOfTheOpenOne) {
-    openByChooser("A");
+    EXPECT_EQ(window().ItemClasses(1, 0), 0) << "chosen again it is read again, without a question";
     pressClass(1);
     user::type(window().cboSets, "B");
     messages.expect(saveA, message::yes).expect(overwriteA, message::ok);
@@ -237,30 +219,29 @@ class Missing : public EditorTest {
         openByChooser("B");
     }
     std::string old(const std::string& name) const { return folder.file("Picture\\A\\" + name); }
+    static auto presses(const char* button) {
+        return [button](platform::Form& form) { user::press(user::find<platform::Button>(form, button)); };
+    }
 };
 
-TEST_F(Missing, GivingUpKeepsTheSetThatWasOpen) {
+TEST_F(Missing, GivingUpKeepsTheSetThatWasOpenWithItsLabelsAndRegions) {
     user::ModalUser dialog([](platform::Form& form) {
         auto& list = user::find<platform::ListView>(form, "ListView1");
         EXPECT_EQ(list.count(), 2);
         EXPECT_EQ(user::shown(list, 1, 0), "2");
         EXPECT_NE(user::shown(list, 1, 1).find("Picture\\A\\bild2.bmp"), std::string::npos);
-        user::press(user::find<platform::Button>(form, "btnAbbr"));
+        presses("btnAbbr")(form);
     });
     openByChooser("A");
     EXPECT_EQ(window().cboSets.text(), "B");
     EXPECT_EQ(window().lvCItems.count(), 1);
     EXPECT_TRUE(window().unchanged());
-}
 
-TEST_F(Missing, GivingUpKeepsAnUnnamedSetWithItsLabelsAndRegions) {
-    restart(folder.file("TestSets\\C.kvs"));
+    restart(folder.file("TestSets\\C.kvs"));  // a set without a name in the chooser
     auto& w = window();
     pressClass(2);
     user::choose(w.cboROI, 1);
     messages.expect("Änderungen in  \".kvs\" speichern?", message::no);
-    user::ModalUser dialog(
-        [](platform::Form& form) { user::press(user::find<platform::Button>(form, "btnAbbr")); });
     openByChooser("A");
     EXPECT_EQ(w.ItemClasses(1, 0), 2);
     EXPECT_EQ(w.cboROI.listIndex(), 1);
@@ -278,11 +259,10 @@ TEST_F(Missing, ClosingTheProgramBehindTheDialogIsNoFault) {
 }
 
 TEST_F(Missing, OneFoundFileBringsItsNeighbours) {
-    support::OpenFileScript files;
+    support::DialogScript files;
     files.answer("").answer(folder.file("Umzug\\bild2.bmp"));
     messages.expect("Alle Elemente konnten erfolgreich zugewiesen werden.");
-    user::ModalUser dialog(
-        [](platform::Form& form) { user::press(user::find<platform::Button>(form, "btnSearch")); });
+    user::ModalUser dialog(presses("btnSearch"));
     openByChooser("A");
     ASSERT_EQ(files.requests().size(), 2u);
     EXPECT_EQ(files.requests()[0].title, "Datei öffnen");
@@ -296,16 +276,14 @@ TEST_F(Missing, OneFoundFileBringsItsNeighbours) {
 
 TEST_F(Missing, WhatIsNotFoundCanBeSearchedAgainOrRemoved) {
     platform::files::remove(folder.file("Umzug\\bild3.bmp"));
-    support::OpenFileScript files;
+    support::DialogScript files;
     files.answer(folder.file("Umzug\\bild2.bmp"));
     messages.expectPart("Nicht alle Elemente konnten zugewiesen werden.", message::cancel)
         .expectPart("Sind Sie sicher, daß Sie", message::no)
         .expectPart("Sind Sie sicher, daß Sie", message::yes);
     int calls = 0;
-    user::ModalUser dialog([&](platform::Form& form) {
-        const char* button = ++calls == 1 ? "btnSearch" : "btnDel";
-        user::press(user::find<platform::Button>(form, button));
-    });
+    user::ModalUser dialog(
+        [&](platform::Form& form) { presses(++calls == 1 ? "btnSearch" : "btnDel")(form); });
     openByChooser("A");
     EXPECT_EQ(messages.shown()[0].codes, 33);
     EXPECT_EQ(messages.shown()[1].codes, 36);
@@ -319,8 +297,7 @@ TEST_F(Missing, WhatIsNotFoundCanBeSearchedAgainOrRemoved) {
 TEST_F(Missing, ASetThatLosesAllItsPicturesLosesItsRegions) {
     for (const char* name : {"bild1.bmp", "bild4.bmp"}) platform::files::remove(old(name));
     messages.expectPart("Sind Sie sicher", message::yes);
-    user::ModalUser dialog(
-        [](platform::Form& form) { user::press(user::find<platform::Button>(form, "btnDel")); });
+    user::ModalUser dialog(presses("btnDel"));
     openByChooser("A");
     EXPECT_EQ(window().set().sampleCount(), 0);
     EXPECT_EQ(window().set().regionCount(), 0);

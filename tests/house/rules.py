@@ -7,7 +7,7 @@ from pathlib import Path
 # that ends in "/" allows the headers directly in that folder, another one exactly that header.
 WINDOWLESS = [f"platform/{name}.h" for name in ("errors", "text", "path", "files", "document", "console")]
 SHELL_FOR_EDITOR = [f"shell/{name}.h"
-                    for name in ("settings", "data_directory", "frmError", "environment", "editor_window")]
+                    for name in ("settings", "data_directory", "frmError", "frmSave", "environment", "editor_window")]
 EDITOR_FOR_SHELL = ["editor/startup.h"]
 CONTROLS = ["controls/", "controls/picturebox/", "controls/buttonlist/"]
 MAY_INCLUDE = {
@@ -16,7 +16,8 @@ MAY_INCLUDE = {
     "controls/": ["controls/", "platform/"],
     "controls/picturebox/": ["controls/picturebox/", "controls/", "platform/"],
     "controls/buttonlist/": ["controls/buttonlist/", "controls/", "platform/"],
-    "shell/": ["shell/", "model/", "platform/", *CONTROLS, *EDITOR_FOR_SHELL],
+    "kernel/": ["kernel/", "platform/"],
+    "shell/": ["shell/", "kernel/", "model/", "platform/", *CONTROLS, *EDITOR_FOR_SHELL],
     "editor/": ["editor/", "model/", "platform/", *CONTROLS, *SHELL_FOR_EDITOR],
     "platform/": ["platform/"],
     "platform/headless/": ["platform/headless/", "platform/"],

@@ -6,26 +6,6 @@
 
 namespace support {
 
-namespace {
-
-/// The answer that is due; a dialog that no test asked for fails it.
-std::string next(std::deque<std::string>& answers, const std::string& dialog) {
-    if (answers.empty()) {
-        ADD_FAILURE() << "unexpected dialog: " << dialog;
-        return {};
-    }
-    std::string answer = std::move(answers.front());
-    answers.pop_front();
-    return answer;
-}
-
-void expectNoneLeft(const std::deque<std::string>& answers) {
-    EXPECT_TRUE(answers.empty()) << "a dialog that should be answered by \"" << answers.front()
-                                 << "\" did not come";
-}
-
-}  // namespace
-
 Messages::Messages()
     : before_(platform::setMessageHandler(
           [this](platform::Form*, const platform::Message& message) { return answer(message); })) {}
@@ -36,66 +16,51 @@ Messages::~Messages() {
 }
 
 Messages& Messages::expect(const std::string& text, int answer) {
-    return expect(Expected{text, true, answer});
+    expected_.push_back({text, true, answer});
+    return *this;
 }
 
 Messages& Messages::expectPart(const std::string& part, int answer) {
-    return expect(Expected{part, false, answer});
-}
-
-Messages& Messages::expect(Expected expected) {
-    expected_.push_back(std::move(expected));
+    expected_.push_back({part, false, answer});
     return *this;
 }
 
 int Messages::answer(const platform::Message& message) {
     shown_.push_back(message);
-    if (!expected_.empty()) {
-        const Expected expected = expected_.front();
-        const bool isIt = expected.whole ? message.text == expected.text
-                                         : message.text.find(expected.text) != std::string::npos;
-        if (isIt) {
-            expected_.pop_front();
-            return expected.answer;
-        }
-    }
-    ADD_FAILURE() << "unexpected message: " << message.text
-                  << (expected_.empty() ? "" : "\ninstead of: " + expected_.front().text);
+    const Expected due = expected_.empty() ? Expected{} : expected_.front();
+    if (!expected_.empty()) expected_.pop_front();
+    const bool isIt = due.whole ? message.text == due.text : message.text.find(due.text) != std::string::npos;
+    if (isIt && due.answer != 0) return due.answer;
+    ADD_FAILURE() << "unexpected message: " << message.text << "\ninstead of: " << due.text;
     return platform::message::cancel;
 }
 
-OpenFileScript::OpenFileScript()
-    : before_(platform::setOpenFileHandler([this](platform::Form*, const platform::OpenFileRequest& request) {
-          requests_.push_back(request);
-          const std::string answer = next(answers_, request.title);
+DialogScript::DialogScript()
+    : fileBefore_(platform::setOpenFileHandler([this](platform::Form*, const auto& request) {
+          const std::string answer = next(request);
           return answer.empty() ? request.fileName : answer;
+      })),
+      folderBefore_(platform::setFolderHandler([this](platform::Form*, const auto& title, const auto& start) {
+          return next({.title = title, .fileName = {}, .filter = {}, .initialDirectory = start});
       })) {}
 
-OpenFileScript::~OpenFileScript() {
-    platform::setOpenFileHandler(std::move(before_));
-    expectNoneLeft(answers_);
+DialogScript::~DialogScript() {
+    platform::setOpenFileHandler(std::move(fileBefore_));
+    platform::setFolderHandler(std::move(folderBefore_));
+    for (const std::string& left : answers_) ADD_FAILURE() << "no dialog came for the answer " << left;
 }
 
-OpenFileScript& OpenFileScript::answer(const std::string& fileName) {
-    answers_.push_back(fileName);
+DialogScript& DialogScript::answer(const std::string& path) {
+    answers_.push_back(path);
     return *this;
 }
 
-FolderScript::FolderScript()
-    : before_(platform::setFolderHandler(
-          [this](platform::Form*, const std::string& title, const std::string& start) {
-              requests_.push_back({title, start});
-              return next(answers_, title);
-          })) {}
-
-FolderScript::~FolderScript() {
-    platform::setFolderHandler(std::move(before_));
-    expectNoneLeft(answers_);
-}
-
-FolderScript& FolderScript::answer(const std::string& folder) {
-    answers_.push_back(folder);
-    return *this;
+std::string DialogScript::next(const platform::OpenFileRequest& request) {
+    requests_.push_back(request);
+    EXPECT_FALSE(answers_.empty()) << "unexpected dialog: " << request.title;
+    const std::string answer = answers_.empty() ? std::string() : answers_.front();
+    if (!answers_.empty()) answers_.pop_front();
+    return answer;
 }
 
 }  // namespace support

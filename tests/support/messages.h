@@ -28,10 +28,9 @@ class Messages {
   private:
     struct Expected {
         std::string text;
-        bool whole;
-        int answer;
+        bool whole = false;
+        int answer = 0;  // none: no message is due
     };
-    Messages& expect(Expected expected);
     int answer(const platform::Message& message);
 
     platform::MessageHandler before_;
@@ -39,42 +38,26 @@ class Messages {
     std::vector<platform::Message> shown_;
 };
 
-/// Answers the open-file dialogs: each takes the next answer; the empty one cancels.
-class OpenFileScript {
+/// Answers the dialogs that ask for a file or a folder: each takes the next answer, and the empty one
+/// cancels. A dialog without an answer fails the test, and so does an answer that is left.
+class DialogScript {
   public:
-    OpenFileScript();
-    ~OpenFileScript();
-    OpenFileScript(const OpenFileScript&) = delete;
-    OpenFileScript& operator=(const OpenFileScript&) = delete;
+    DialogScript();
+    ~DialogScript();
+    DialogScript(const DialogScript&) = delete;
+    DialogScript& operator=(const DialogScript&) = delete;
 
-    OpenFileScript& answer(const std::string& fileName);
+    DialogScript& answer(const std::string& path);
+    /// Every dialog that came; one for a folder has a title and its first directory only.
     const std::vector<platform::OpenFileRequest>& requests() const { return requests_; }
 
   private:
-    platform::OpenFileHandler before_;
+    std::string next(const platform::OpenFileRequest& request);
+
+    platform::OpenFileHandler fileBefore_;
+    platform::FolderHandler folderBefore_;
     std::deque<std::string> answers_;
     std::vector<platform::OpenFileRequest> requests_;
-};
-
-/// The same for the dialogs that ask for a folder.
-class FolderScript {
-  public:
-    struct Request {
-        std::string title;
-        std::string start;
-    };
-    FolderScript();
-    ~FolderScript();
-    FolderScript(const FolderScript&) = delete;
-    FolderScript& operator=(const FolderScript&) = delete;
-
-    FolderScript& answer(const std::string& folder);
-    const std::vector<Request>& requests() const { return requests_; }
-
-  private:
-    platform::FolderHandler before_;
-    std::deque<std::string> answers_;
-    std::vector<Request> requests_;
 };
 
 }  // namespace support

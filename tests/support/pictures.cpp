@@ -2,75 +2,47 @@
 
 #include <cstddef>
 
+#include "platform/files.h"
+
 namespace support {
 
 namespace {
 
-constexpr int fileHeaderSize = 14;
-constexpr int infoHeaderSize = 40;
+constexpr std::uint32_t fileHeaderSize = 14;
+constexpr std::uint32_t infoHeaderSize = 40;
 
-void append(std::string& bytes, std::uint32_t value, int count) {
-    for (int i = 0; i < count; ++i) bytes += static_cast<char>(value >> (8 * i));  // little-endian
-}
-
-/// Both headers and the palette; pixels follow.
-std::string bitmapHeaders(platform::Size size, int bitsPerPixel, RowOrder order,
-                          const std::vector<platform::Colour>& palette, std::size_t pixelBytes) {
-    const auto pixelStart = static_cast<std::uint32_t>(fileHeaderSize + infoHeaderSize + 4 * palette.size());
-    const int height = order == RowOrder::topDown ? -size.height : size.height;
-    std::string bytes = "BM";
-    append(bytes, pixelStart + static_cast<std::uint32_t>(pixelBytes), 4);
-    append(bytes, 0, 4);
-    append(bytes, pixelStart, 4);
-    append(bytes, infoHeaderSize, 4);
-    append(bytes, static_cast<std::uint32_t>(size.width), 4);
-    append(bytes, static_cast<std::uint32_t>(height), 4);
-    append(bytes, 1, 2);
-    append(bytes, static_cast<std::uint32_t>(bitsPerPixel), 2);
-    append(bytes, 0, 4);  // not compressed
-    append(bytes, static_cast<std::uint32_t>(pixelBytes), 4);
-    append(bytes, 2835, 4);  // 72 dots per inch each way
-    append(bytes, 2835, 4);
-    append(bytes, static_cast<std::uint32_t>(palette.size()), 4);
-    append(bytes, 0, 4);
-    for (const platform::Colour colour : palette) append(bytes, colour, 4);
-    return bytes;
-}
-
-/// Calls `appendRow` for the rows in the order of the file and fills each up to whole 32-bit words.
-template <class AppendRow>
-std::string rowsOf(platform::Size size, RowOrder order, AppendRow appendRow) {
+std::string little(std::uint32_t value, int count) {
     std::string bytes;
-    for (int i = 0; i < size.height; ++i) {
-        appendRow(bytes, order == RowOrder::topDown ? i : size.height - 1 - i);
-        while (bytes.size() % 4 != 0) bytes += '\0';
-    }
+    for (int i = 0; i < count; ++i) bytes += static_cast<char>(i < 4 ? value >> (8 * i) : 0);
     return bytes;
 }
 
-// Encoded for these tests from a picture of two plain halves.
-constexpr unsigned char jpegBytes[] = {
-    0xFF, 0xD8, 0xFF, 0xE0, 0x00, 0x10, 0x4A, 0x46, 0x49, 0x46, 0x00, 0x01, 0x01, 0x00, 0x00, 0x01, 0x00,
-    0x01, 0x00, 0x00, 0xFF, 0xDB, 0x00, 0x43, 0x00, 0x0D, 0x09, 0x0A, 0x0B, 0x0A, 0x08, 0x0D, 0x0B, 0x0A,
-    0x0B, 0x0E, 0x0E, 0x0D, 0x0F, 0x13, 0x20, 0x15, 0x13, 0x12, 0x12, 0x13, 0x27, 0x1C, 0x1E, 0x17, 0x20,
-    0x2E, 0x29, 0x31, 0x30, 0x2E, 0x29, 0x2D, 0x2C, 0x33, 0x3A, 0x4A, 0x3E, 0x33, 0x36, 0x46, 0x37, 0x2C,
-    0x2D, 0x40, 0x57, 0x41, 0x46, 0x4C, 0x4E, 0x52, 0x53, 0x52, 0x32, 0x3E, 0x5A, 0x61, 0x5A, 0x50, 0x60,
-    0x4A, 0x51, 0x52, 0x4F, 0xFF, 0xDB, 0x00, 0x43, 0x01, 0x0E, 0x0E, 0x0E, 0x13, 0x11, 0x13, 0x26, 0x15,
-    0x15, 0x26, 0x4F, 0x35, 0x2D, 0x35, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F,
-    0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F,
-    0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0x4F,
-    0x4F, 0x4F, 0x4F, 0x4F, 0x4F, 0xFF, 0xC0, 0x00, 0x11, 0x08, 0x00, 0x10, 0x00, 0x18, 0x03, 0x01, 0x11,
-    0x00, 0x02, 0x11, 0x01, 0x03, 0x11, 0x01, 0xFF, 0xC4, 0x00, 0x15, 0x00, 0x01, 0x01, 0x00, 0x00, 0x00,
-    0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x06, 0x07, 0xFF, 0xC4, 0x00, 0x18,
-    0x10, 0x01, 0x00, 0x03, 0x01, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00,
-    0x00, 0x07, 0x45, 0x83, 0xC2, 0xFF, 0xC4, 0x00, 0x17, 0x01, 0x01, 0x01, 0x01, 0x01, 0x00, 0x00, 0x00,
-    0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x06, 0x03, 0x04, 0x07, 0xFF, 0xC4, 0x00, 0x1A,
-    0x11, 0x01, 0x00, 0x01, 0x05, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00,
-    0x00, 0x03, 0x05, 0x41, 0x43, 0x81, 0xC1, 0xFF, 0xDA, 0x00, 0x0C, 0x03, 0x01, 0x00, 0x02, 0x11, 0x03,
-    0x11, 0x00, 0x3F, 0x00, 0x10, 0xC4, 0x4A, 0x65, 0x1E, 0xD8, 0x67, 0xD2, 0x52, 0xD8, 0x76, 0xBD, 0x8F,
-    0x7C, 0x33, 0x44, 0x79, 0x1A, 0x6B, 0x74, 0x33, 0x28, 0xF6, 0xC3, 0x3E, 0x92, 0x96, 0xC3, 0xB5, 0xEC,
-    0x7B, 0xE1, 0x9A, 0x23, 0xCF, 0xFF, 0xD9,
-};
+/// Both headers, the palette and the pixels, of which less than 8 bits are packed into bytes.
+std::string bitmap(platform::Size size, int bits, RowOrder order,
+                   const std::vector<platform::Colour>& palette, const Pattern& value) {
+    std::string rows;
+    for (int row = 0; row < size.height; ++row) {
+        const int y = order == RowOrder::topDown ? row : size.height - 1 - row;
+        const int together = bits < 8 ? 8 / bits : 1;
+        for (int x = 0; x < size.width; x += together) {
+            std::uint32_t packed = value(x, y);  // the leftmost pixel in the highest bits
+            for (int i = x + 1; i < x + together; ++i)
+                packed = packed << bits | (i < size.width ? value(i, y) : 0);
+            rows += little(packed, bits < 8 ? 1 : bits / 8);
+        }
+        while (rows.size() % 4 != 0) rows += '\0';
+    }
+    const auto start = static_cast<std::uint32_t>(fileHeaderSize + infoHeaderSize + 4 * palette.size());
+    const int height = order == RowOrder::topDown ? -size.height : size.height;
+    std::string bytes = "BM" + little(start + static_cast<std::uint32_t>(rows.size()), 4) + little(0, 4) +
+                        little(start, 4) + little(infoHeaderSize, 4);
+    for (const int extent : {size.width, height}) bytes += little(static_cast<std::uint32_t>(extent), 4);
+    bytes += little(1, 2) + little(static_cast<std::uint32_t>(bits), 2) + little(0, 4);  // not compressed
+    bytes += little(static_cast<std::uint32_t>(rows.size()), 4) + little(0, 4) + little(0, 4);
+    bytes += little(static_cast<std::uint32_t>(palette.size()), 4) + little(0, 4);
+    for (const platform::Colour colour : palette) bytes += little(colour, 4);
+    return bytes + rows;
+}
 
 }  // namespace
 
@@ -81,28 +53,21 @@ platform::Colour distinctColour(int x, int y) {
 }
 
 std::string trueColourBitmap(platform::Size size, const Pattern& pattern, int bitsPerPixel, RowOrder order) {
-    const std::string rows = rowsOf(size, order, [&](std::string& bytes, int y) {
-        for (int x = 0; x < size.width; ++x) append(bytes, pattern(x, y), bitsPerPixel / 8);
-    });
-    return bitmapHeaders(size, bitsPerPixel, order, {}, rows.size()) + rows;
+    return bitmap(size, bitsPerPixel, order, {}, pattern);
 }
 
 std::string paletteBitmap(platform::Size size, const std::vector<platform::Colour>& palette,
                           const std::function<int(int x, int y)>& index, int bitsPerPixel, RowOrder order) {
-    const std::string rows = rowsOf(size, order, [&](std::string& bytes, int y) {
-        const int perByte = 8 / bitsPerPixel;
-        for (int x = 0; x < size.width; x += perByte) {
-            int packed = 0;  // the leftmost pixel in the highest bits
-            for (int i = x; i < x + perByte; ++i)
-                packed = packed << bitsPerPixel | (i < size.width ? index(i, y) : 0);
-            append(bytes, static_cast<std::uint32_t>(packed), 1);
-        }
-    });
-    return bitmapHeaders(size, bitsPerPixel, order, palette, rows.size()) + rows;
+    return bitmap(size, bitsPerPixel, order, palette,
+                  [&](int x, int y) { return static_cast<platform::Colour>(index(x, y)); });
+}
+
+std::string golden(const std::string& name) {
+    return platform::files::fullPath(STICH_SOURCE_DIR "/tests/golden/" + name);
 }
 
 std::string smallJpeg() {
-    return {reinterpret_cast<const char*>(jpegBytes), sizeof jpegBytes};
+    return platform::files::read(golden("halves.jpg"));
 }
 
 std::string jpegHeader(platform::Size size) {
@@ -110,11 +75,8 @@ std::string jpegHeader(platform::Size size) {
         return std::string{static_cast<char>(value >> 8), static_cast<char>(value)};  // big-endian
     };
     using namespace std::string_literals;
-    const std::string start = "\xFF\xD8"s;
-    const std::string identification = "\xFF\xE0\x00\x10JFIF\x00\x01\x01\x00\x00\x01\x00\x01\x00\x00"s;
-    const std::string frame =
-        "\xFF\xC0\x00\x0B\x08"s + word(size.height) + word(size.width) + "\x01\x01\x11\x00"s;
-    return start + identification + frame;
+    return "\xFF\xD8\xFF\xE0\x00\x10JFIF\x00\x01\x01\x00\x00\x01\x00\x01\x00\x00"s + "\xFF\xC0\x00\x0B\x08"s +
+           word(size.height) + word(size.width) + "\x01\x01\x11\x00"s;
 }
 
 }  // namespace support

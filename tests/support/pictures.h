@@ -27,6 +27,9 @@ std::string paletteBitmap(platform::Size size, const std::vector<platform::Colou
                           const std::function<int(int x, int y)>& index, int bitsPerPixel = 8,
                           RowOrder order = RowOrder::bottomUp);
 
+/// The path of a file that these tests keep.
+std::string golden(const std::string& name);
+
 /// A whole JPEG file, 24 x 16 pixels: the left half dark red, the right half light green.
 std::string smallJpeg();
 inline constexpr platform::Size smallJpegSize{24, 16};

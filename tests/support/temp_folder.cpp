@@ -10,42 +10,23 @@
 
 namespace support {
 
-namespace {
-
-/// From the program's way of writing a path to the system's.
-std::filesystem::path onThisSystem(const std::string& path) {
-#ifdef _WIN32
-    return std::filesystem::path(std::u8string(path.begin(), path.end()));
-#else
-    std::string rooted = path.substr(2);  // without the drive that stands for the root
-    std::replace(rooted.begin(), rooted.end(), '\\', '/');
-    return rooted;
-#endif
-}
-
-std::string asTheProgramWritesIt(const std::filesystem::path& path) {
-    const std::u8string text = path.u8string();
-    std::string result(text.begin(), text.end());
-    std::replace(result.begin(), result.end(), '/', '\\');
-    if (result.starts_with('\\')) result.insert(0, "Z:");
-    return platform::path::normalise(result);
-}
-
-}  // namespace
-
 TempFolder::TempFolder() {
     std::random_device random;
-    const std::filesystem::path base = std::filesystem::temp_directory_path();
-    std::filesystem::path made;
-    do {
-        made = base / ("stich-test-" + std::to_string(random()));
-    } while (!std::filesystem::create_directory(made));
-    path_ = asTheProgramWritesIt(made);
+    const std::u8string base = std::filesystem::temp_directory_path().u8string();
+    const std::string name = "stich-test-" + std::to_string(random()) + "-" + std::to_string(random());
+    path_ = platform::files::fullPath(std::string(base.begin(), base.end()) + "/" + name);
+    platform::files::createDirectories(path_);
 }
 
 TempFolder::~TempFolder() {
+#ifdef _WIN32
+    const std::string whole = R"(\\?\)" + path_;  // tests make paths beyond 260 characters
+#else
+    std::string whole = path_.substr(2);  // without the drive that stands for the root
+    std::replace(whole.begin(), whole.end(), '\\', '/');
+#endif
     std::error_code ignored;
-    std::filesystem::remove_all(onThisSystem(path_), ignored);
+    std::filesystem::remove_all(std::filesystem::path(std::u8string(whole.begin(), whole.end())), ignored);
 }
 
 std::string TempFolder::file(std::string_view name) const {

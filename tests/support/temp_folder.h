@@ -18,7 +18,7 @@ class TempFolder {
     /// The path of a file or subdirectory in it, such as "a\\b.txt".
     std::string file(std::string_view name) const;
     /// Writes a file, making the directories that lead to it, and returns its path.
-    std::string write(std::string_view name, std::string_view content) const;
+    std::string write(std::string_view name, std::string_view content = "x") const;
 
   private:
     std::string path_;

@@ -36,8 +36,6 @@ void clickRow(platform::ListView& list, int row, int shift = 0,
               platform::MouseButton button = platform::MouseButton::left);
 void doubleClickRow(platform::ListView& list, int row);
 void clickColumn(platform::ListView& list, int column);
-void dragColumn(platform::ListView& list, int column,
-                int width);  ///< by the line behind its title, to that width
 void key(platform::ListView& list, int key, int shift = 0);
 /// A point in the row's text, in the list's client area; the row must be in view.
 platform::Point pointOf(platform::ListView& list, int row);
@@ -95,6 +93,8 @@ class ModalUser {
     ModalUser& operator=(const ModalUser&) = delete;
 };
 
+/// The controls that stand in it, in the order in which they were made.
+std::vector<platform::Control*> childrenOf(const platform::Control& control);
 /// The control of that name in the form, at whatever depth; std::logic_error when there is none.
 platform::Control& find(platform::Form& form, std::string_view name);
 template <class C>

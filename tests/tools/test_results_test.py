@@ -40,30 +40,26 @@ class Count(unittest.TestCase):
             with self.subTest(cases=cases, status=status, report=report):
                 result = self.count(cases, status, report)
                 self.assertEqual((passed, 1), (result.passed, len(result.failures)))
+        other = self.count(None, "run", None)   # not of GoogleTest: one case
+        self.assertEqual((1, []), (other.passed, other.failures))
 
-    def test_half_a_report_is_none(self):
+    def test_a_report_that_is_half_or_missing_fails_its_programs(self):
         with tempfile.TemporaryDirectory() as name:
             folder = Path(name)
             (folder / "ctest.xml").write_text('<testsuite><testcase name="p" status="run"/></testsuite>')
             (folder / "p.xml").write_text("<testsuites><testsuite>" + CASES["good"])
-            result = ctest_results({"p": "p.xml"}, folder / "ctest.xml", folder)[0]
-            self.assertEqual((0, 1), (result.passed, len(result.failures)))
-
-    def test_a_missing_ctest_report_fails_every_program(self):
-        results = ctest_results({"p": "p.xml", "q": None}, Path("missing.xml"), Path("missing"))
-        self.assertEqual([1, 1], [len(result.failures) for result in results])
-
-    def test_other_programs_count_as_one_case(self):
-        self.assertEqual((1, []), (lambda r: (r.passed, r.failures))(self.count(None, "run", None)))
+            for report in (folder / "ctest.xml", Path("missing.xml")):
+                results = ctest_results({"p": "p.xml", "q": None}, report, folder)
+                self.assertEqual([(0, 1), (0, 1)], [(r.passed, len(r.failures)) for r in results])
 
     def test_crash_text_shows_the_running_test_and_the_reason(self):
         noise = "\n".join(f"[       OK ] S.{number}" for number in range(100))
-        text = crash_text(f"{noise}\n[ RUN      ] S.last\nx.cpp:3: runtime error: overflow\n#0 at\n")
-        self.assertEqual("[ RUN      ] S.last\nx.cpp:3: runtime error: overflow\n#0 at", text)
-
-    def test_crash_text_leaves_out_registers(self):
-        text = crash_text("wine: Unhandled page fault\nRegister dump:\n rip:0\nBacktrace:\n=>0 main x.cpp:3\n")
-        self.assertEqual("wine: Unhandled page fault\nBacktrace:\n=>0 main x.cpp:3", text)
+        for output, shown in (
+                (f"{noise}\n[ RUN      ] S.last\nx.cpp:3: runtime error: overflow\n#0 at\n",
+                 "[ RUN      ] S.last\nx.cpp:3: runtime error: overflow\n#0 at"),
+                ("wine: Unhandled page fault\nRegister dump:\n rip:0\nBacktrace:\n=>0 main x.cpp:3\n",
+                 "wine: Unhandled page fault\nBacktrace:\n=>0 main x.cpp:3")):
+            self.assertEqual(shown, crash_text(output))
 
 
 if __name__ == "__main__":

@@ -51,8 +51,4 @@ TEST(NotifySuite, TellsTheFormsThatTakePartOnceEach) {
     EXPECT_TRUE(stranger.told_.empty());
 }
 
-TEST(NotifySuite, IsDoneAtOnceWhenNobodyIsThere) {
-    EXPECT_EQ(editor::NotifySuite(), 0);
-}
-
 }  // namespace

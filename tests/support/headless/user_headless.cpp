@@ -48,13 +48,6 @@ void move(Control& bar, int change, int count) {
     for (int i = 0; i < std::abs(count); ++i) window.set(window.value + (count < 0 ? -change : change));
 }
 
-const Control::Native* named(const Control::Native& window, std::string_view name) {
-    if (window.name == name) return &window;
-    for (const Control::Native* child : window.children)
-        if (const Control::Native* found = named(*child, name)) return found;
-    return nullptr;
-}
-
 Picture pictureOf(const Surface& surface) {
     Picture picture{surface.size(), {}};
     for (int y = 0; y < picture.size.height; ++y)
@@ -202,10 +195,10 @@ ModalUser::~ModalUser() {
     Desk::instance().modalUser = nullptr;
 }
 
-Control& find(Form& form, std::string_view name) {
-    const Control::Native* found = named(form.native(), name);
-    if (!found) throw std::logic_error("no control named " + std::string(name));
-    return *found->control;
+std::vector<Control*> childrenOf(const Control& control) {
+    std::vector<Control*> controls;
+    for (const Control::Native* child : control.native().children) controls.push_back(child->control);
+    return controls;
 }
 
 Picture screen(UserControl& control) {

@@ -57,11 +57,6 @@ void clickColumn(ListView& list, int column) {
     raise(list.onColumnClick, column);
 }
 
-void dragColumn(ListView& list, int column, int width) {
-    headless::checkIndex(column, 1, list.columnCount());
-    reach(list).widths[static_cast<std::size_t>(column - 1)] = std::max(0, width);
-}
-
 void key(ListView& list, int key, int shift) {
     ListWindow& self = reach(list);
     if (self.editing != 0 && key == keyCode::escape) return abandonEdit(list);

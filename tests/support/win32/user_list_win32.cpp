@@ -79,17 +79,6 @@ void clickColumn(ListView& list, int column) {
     input::click(window(list).header(), input::centre(titleArea(list, column)));
 }
 
-void dragColumn(ListView& list, int column, int width) {
-    input::reach(list);
-    const RECT area = titleArea(list, column);
-    const HWND header = window(list).header();
-    const Point line{area.right - 1, input::centre(area).y};
-    const Point target{line.x + width - (area.right - area.left), line.y};
-    SendMessageW(header, WM_LBUTTONDOWN, MK_LBUTTON, input::packed(line));
-    SendMessageW(header, WM_MOUSEMOVE, MK_LBUTTON, input::packed(target));
-    SendMessageW(header, WM_LBUTTONUP, 0, input::packed(target));
-}
-
 void key(ListView& list, int key, int shift) {
     if (const HWND field = editField(list)) {
         require(key == keyCode::escape, "the keys go to the text that is being edited");

@@ -56,13 +56,6 @@ int pressable(Toolbar& toolbar, const std::string& key) {
     return index;
 }
 
-const Control::Native* named(const Control::Native& native, std::string_view name) {
-    if (native.name == name) return &native;
-    for (const Control::Native* child : native.children)
-        if (const Control::Native* found = named(*child, name)) return found;
-    return nullptr;
-}
-
 void sendMouse(const UserControl& control, UINT message, MouseButton held, int shift, Point point) {
     const HWND window = reach(control).window;
     const input::HeldKeys keys(shift);
@@ -237,10 +230,10 @@ void tick(Timer& timer) {
     if (native.ticking()) native.form->send(WM_TIMER, reinterpret_cast<WPARAM>(&native));
 }
 
-Control& find(Form& form, std::string_view name) {
-    const Control::Native* found = named(form.native(), name);
-    if (!found) throw std::logic_error("no control named " + std::string(name));
-    return *found->control;
+std::vector<Control*> childrenOf(const Control& control) {
+    std::vector<Control*> controls;
+    for (const Control::Native* child : control.native().children) controls.push_back(child->control);
+    return controls;
 }
 
 }  // namespace user

@@ -1,0 +1,203 @@
+#include <algorithm>
+
+#include "platform/path.h"
+#include "shell/cut_out_names.h"
+#include "tests/editor/editor_fixture.h"
+#include "tests/support/pictures.h"
+
+namespace {
+
+namespace files = platform::files;
+using platform::Size;
+
+TEST(CutOutNames, NoPictureOrRegionTakesTheFileOfAnother) {
+    shell::CutOutNames names;
+    const struct {
+        const char* picture;
+        int region;
+        const char* name;
+        const char* expected;
+    } cases[] = {
+        {"C:\\p\\A.jpg", 1, "Kopf", "D:\\aus\\A_Kopf.bmp"},
+        {"C:\\q\\a.jpg", 1, "Kopf", "D:\\aus\\a_Kopf (2).bmp"},
+        {"C:\\p\\A.bmp", 1, "KOPF", "D:\\aus\\A_KOPF (3).bmp"},
+        {"c:\\P\\a.JPG", 1, "Kopf", "D:\\aus\\a_Kopf.bmp"},
+        {"C:\\p\\A.jpg", 2, "a:b?", "D:\\aus\\A_a_b_.bmp"},
+        {"C:\\p\\A.jpg", 3, "a*b<", "D:\\aus\\A_a_b_ (2).bmp"},
+        {"C:\\p\\A.jpg", 4, "x\t\"|\\/", "D:\\aus\\A_x_____.bmp"},
+        {"C:\\p\\Bild.alt.bmp", 1, "Ä", "D:\\aus\\Bild.alt_Ä.bmp"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(names.pathOf("D:\\aus", c.picture, c.region, c.name), c.expected);
+}
+
+// Pictures of 32 x 24 pixels, each with colours of its own.
+class Extraction : public EditorTest {
+  protected:
+    Extraction() {
+        makeSet("Probe", {.regions = {"Kopf", "Fuß"}});
+        for (const int n : {1, 2, 3}) {
+            folder.write("Picture\\Probe\\bild" + std::to_string(n) + ".bmp",
+                         support::trueColourBitmap({32, 24}, [n](int x, int y) { return colour(n, x, y); }));
+        }
+        folder.write("Scripts\\Extract.kvr",
+                     files::read(std::string("Z:") + STICH_SOURCE_DIR + "\\res\\Scripts\\Extract.kvr"));
+        registry.write("Stich", "PathROI", target());
+        start();
+        openByChooser("Probe");
+    }
+    static platform::Colour colour(int picture, int x, int y) {
+        return static_cast<platform::Colour>(picture << 16 | y << 8 | x);
+    }
+    std::string target() { return folder.file("Aus"); }
+    std::vector<std::string> written() {
+        std::vector<std::string> names;
+        if (files::directoryExists(target()))
+            for (const auto& entry : files::list(target())) names.push_back(entry.name);
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+    /// The file that holds that part of a picture, byte by byte.
+    static std::string part(int picture, platform::Rect r) {
+        return support::trueColourBitmap(
+            {r.width(), r.height()}, [&](int x, int y) { return colour(picture, r.left + x, r.top + y); });
+    }
+    void choose(const std::string& entry) { user::chooseMenu(window().Toolbar1, "btnSave", entry); }
+    void save() { user::press(window().Toolbar1, "btnSave"); }
+    void place(int region, std::int32_t X, std::int32_t Y, std::int32_t dX, std::int32_t dY) {
+        window().kvPictureBox1.ROI_Move(static_cast<std::int16_t>(region), X, Y, dX, dY);
+    }
+};
+
+TEST_F(Extraction, TheCurrentRegionIsCutOutAtOnce) {
+    auto& w = window();
+    save();
+    EXPECT_TRUE(written().empty()) << "no region is chosen";
+    place(1, 3, 5, 7, 4);
+    user::choose(w.cboROI, 1);
+    save();
+    EXPECT_EQ(written(), std::vector<std::string>{"bild1_Kopf.bmp"});
+    EXPECT_EQ(files::read(target() + "\\bild1_Kopf.bmp"), part(1, platform::Rect::at(3, 5, 7, 4)));
+    EXPECT_EQ(w.lblHint.caption(), "Bereich gespeichert: " + target() + "\\bild1_Kopf.bmp");
+}
+
+TEST_F(Extraction, ChoosingAnEntryOnlyRemembersIt) {
+    auto& w = window();
+    choose("btnSaveAllROI2");
+    EXPECT_TRUE(written().empty());
+    const auto& button = w.Toolbar1.button(w.Toolbar1.indexOf("btnSave"));
+    EXPECT_EQ(button.tag, "btnSaveAllROI2");
+    EXPECT_EQ(button.toolTip, "Alle Regionen aller Bilder speichern");
+}
+
+TEST_F(Extraction, AllRegionsOfAllPicturesAreCutOutWithTheirOwnPixels) {
+    auto& w = window();
+    place(1, 0, 0, 10, 10);
+    place(2, 20, 4, 12, 20);
+    w.GoToItem(2);
+    const user::ModalUser looksOn([](platform::Form&) {});
+    choose("btnSaveAllROI");
+    save();
+    EXPECT_EQ(written(), (std::vector<std::string>{"bild2_Fuß.bmp", "bild2_Kopf.bmp"}));
+    choose("btnSaveAllROI2");
+    save();
+    EXPECT_EQ(written().size(), 6U);
+    EXPECT_EQ(current(), 1);
+    for (const int n : {1, 2, 3}) {
+        const std::string stem = target() + "\\bild" + std::to_string(n);
+        EXPECT_EQ(files::read(stem + "_Kopf.bmp"), part(n, platform::Rect::at(0, 0, 10, 10)));
+        EXPECT_EQ(files::read(stem + "_Fuß.bmp"), part(n, platform::Rect::at(20, 4, 12, 20)));
+    }
+}
+
+/// A window that counts what is asked of it: four pictures, three regions.
+struct CountingSource : shell::RegionSource {
+    int itemCount() const override { return 4; }
+    int regionCount() const override { return 3; }
+    std::string pictureFile() const override { return picture; }
+    std::int32_t regionState() const override { return region; }
+    std::array<std::string, 4> regionDetails() const override { return {"0", "0", "2", "2"}; }
+    std::string regionName() const override { return "Bereich" + std::to_string(region); }
+    void selectRegion(int index) override {
+        region = index;
+        if (++selected == stopAt) stop();
+    }
+    void showFirstPicture() override { steps += "F"; }
+    void showNextPicture() override { steps += "n"; }
+
+    std::string picture;
+    std::string steps;
+    int region = 0;
+    int selected = 0;
+    int stopAt = 0;
+    std::function<void()> stop;
+};
+
+TEST_F(Extraction, TheDialogCountsTheRegionsAndStopsAfterTheOneInHand) {
+    const struct {
+        std::int16_t mode;
+        int stopAt;
+        int maximum, value;
+        const char* steps;
+    } cases[] = {
+        {shell::frmSave::allRegions, 0, 3, 3, ""},
+        {shell::frmSave::allRegionsOfAllPictures, 0, 12, 12, "Fnnnn"},
+        {shell::frmSave::allRegionsOfAllPictures, 5, 12, 5, "Fn"},
+    };
+    for (const auto& c : cases) {
+        CountingSource source;
+        source.picture = folder.file("Picture\\Probe\\bild1.bmp");
+        source.stopAt = c.stopAt;
+        shell::frmSave dialog(window().form, source, environment, target());
+        source.stop = [&] { user::press(dialog.btnCancel); };
+        const user::ModalUser looksOn([](platform::Form&) {});
+        dialog.SaveROI(c.mode);
+        EXPECT_EQ(dialog.kvProgressBar1.maximum(), c.maximum);
+        EXPECT_EQ(dialog.kvProgressBar1.value(), c.value);
+        EXPECT_EQ(dialog.lblROIName.caption(), "Bereich" + std::to_string(source.region));
+        EXPECT_EQ(source.steps, c.steps);
+        EXPECT_EQ(dialog.failures(), 0) << dialog.firstFailure();
+        EXPECT_FALSE(dialog.form.visible());
+    }
+}
+
+TEST_F(Extraction, ARunThatIsClosedEndsAfterTheRegionInHandAndKeepsWhatIsWritten) {
+    auto& w = window();
+    const auto shows = w.kvPictureBox1.ROIselect;
+    w.kvPictureBox1.ROIselect = [&](auto& index, auto&... rest) {
+        shows(index, rest...);
+        if (index == 1 && current() == 2) {
+            EXPECT_FALSE(w.form.unload());
+        }
+    };
+    const user::ModalUser looksOn([](platform::Form&) {});
+    choose("btnSaveAllROI2");
+    save();
+    EXPECT_EQ(written(), (std::vector<std::string>{"bild1_Fuß.bmp", "bild1_Kopf.bmp", "bild2_Kopf.bmp"}));
+    EXPECT_EQ(current(), 2);
+    EXPECT_TRUE(w.form.loaded());
+}
+
+TEST_F(Extraction, ATargetThatCannotBeWrittenIsToldOnceAndEndsTheRun) {
+    auto& w = window();
+    folder.write("Aus", "a file where the directory should be");
+    const user::ModalUser looksOn([](platform::Form&) {});
+    choose("btnSaveAllROI2");
+    w.GoToItem(3);
+    save();
+    EXPECT_EQ(current(), 3) << "no picture was stepped to";
+    EXPECT_NE(w.lblHint.caption().find("konnte nicht gespeichert werden"), std::string::npos)
+        << w.lblHint.caption();
+}
+
+TEST_F(Extraction, APictureThatCannotBeReadDoesNotStopTheOthers) {
+    auto& w = window();
+    folder.write("Picture\\Probe\\bild2.bmp", "no picture");
+    const user::ModalUser looksOn([](platform::Form&) {});
+    choose("btnSaveAllROI2");
+    save();
+    EXPECT_EQ(written().size(), 4U);
+    EXPECT_NE(w.lblHint.caption().find("2 Bereiche konnten nicht gespeichert werden."), std::string::npos)
+        << w.lblHint.caption();
+}
+
+}  // namespace

@@ -1,0 +1,180 @@
+#include "editor/region_placement.h"
+#include "tests/editor/editor_fixture.h"
+#include "tests/support/pictures.h"
+
+namespace {
+
+using editor::RegionRect;
+namespace message = platform::message;
+
+std::vector<int> numbers(const RegionRect& r) {
+    return {r.X, r.Y, r.dX, r.dY};
+}
+
+TEST(NewRegion, IsAQuarterOfThePictureInTheMiddleOfWhatIsSeen) {
+    const struct {
+        platform::Size picture;
+        platform::Rect seen;
+        std::vector<RegionRect> others;
+        std::vector<int> expected;
+    } cases[] = {
+        {{400, 200}, {0, 0, 400, 200}, {}, {150, 75, 100, 50}},
+        {{400, 200}, {200, 100, 300, 200}, {}, {200, 125, 100, 50}},
+        {{400, 200}, {380, 0, 400, 200}, {}, {300, 75, 100, 50}},
+        {{40, 10}, {0, 0, 40, 10}, {}, {12, 0, 16, 10}},
+        {{0, 0}, {0, 0, 0, 0}, {}, {0, 0, 1, 1}},
+        {{400, 200}, {0, 0, 400, 200}, {{150, 75, 100, 50}, {162, 87, 100, 50}}, {174, 99, 100, 50}},
+        {{400, 200}, {0, 0, 400, 200}, {{150, 75, 100, 49}}, {150, 75, 100, 50}},
+        {{17, 16}, {0, 0, 17, 16}, {{0, 0, 16, 16}}, {1, 0, 16, 16}},
+        {{16, 16}, {0, 0, 16, 16}, {{0, 0, 16, 16}}, {0, 0, 16, 16}},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(numbers(editor::newRegion(c.picture, c.seen, c.others)), c.expected);
+    }
+}
+
+class Regions : public EditorTest {
+  protected:
+    Regions() {
+        makeSet("Probe", {});
+        const std::string picture = support::trueColourBitmap({32, 24}, support::distinctColour);
+        for (const char* name : {"1", "2", "3"})
+            folder.write("Picture\\Probe\\bild" + std::string(name) + ".bmp", picture);
+        start();
+        openByChooser("Probe");
+        user::selectTab(window().TabStrip1, 3);
+    }
+    void makeRegion(const std::string& name = {}) {
+        user::press(window().btnROINew);
+        if (name.empty()) {
+            user::abandonEdit(window().lvROIs);
+        } else {
+            user::finishEdit(window().lvROIs, name);
+        }
+    }
+    std::vector<std::string> boxes() {
+        auto& w = window();
+        return {w.txtX.text(), w.txtY.text(), w.txtDX.text(), w.txtDY.text()};
+    }
+    std::vector<int> rectangle(int region) {
+        const auto r = window().kvPictureBox1.regionRect(region);
+        return {r.left, r.top, r.width(), r.height()};
+    }
+};
+
+TEST_F(Regions, ANewOneIsNamedShownChosenAndCanBeNamedAtOnce) {
+    auto& w = window();
+    EXPECT_FALSE(w.txtX.enabled());
+    user::press(w.btnROINew);
+    EXPECT_TRUE(user::editing(w.lvROIs));
+    user::finishEdit(w.lvROIs, "Kopf");
+    EXPECT_FALSE(w.unchanged());
+    EXPECT_EQ(w.cboROI.listIndex(), 1);
+    EXPECT_EQ(w.cboROI.item(1), "Kopf");
+    EXPECT_TRUE(w.txtROIDescription.enabled());
+    EXPECT_EQ(w.lblROICaption.caption(), "Bereich: Kopf");
+    EXPECT_EQ(w.txtInfo.text(), "Bereich: Kopf   Datei: bild1.bmp");
+    EXPECT_EQ(w.kvPictureBox1.GetSelectedROI(), 0);
+    EXPECT_EQ(boxes(),
+              (std::vector<std::string>{std::to_string(rectangle(1)[0]), std::to_string(rectangle(1)[1]),
+                                        std::to_string(rectangle(1)[2]), std::to_string(rectangle(1)[3])}));
+    makeRegion("Bereich4");
+    makeRegion();
+    EXPECT_EQ(w.cboROI.item(3), "Bereich3") << "the first free number from the count on";
+    makeRegion();
+    EXPECT_EQ(w.cboROI.item(4), "Bereich5") << "Bereich4 is taken";
+    EXPECT_NE(rectangle(1), rectangle(2));
+}
+
+TEST_F(Regions, ASetWithoutPicturesGetsNone) {
+    auto& w = window();
+    user::selectTab(w.TabStrip1, 1);
+    user::press(w.btnRA);
+    user::selectTab(w.TabStrip1, 3);
+    messages.expect(
+        "Sie haben keine Stichprobenelemente festgelegt.\r\n"
+        "Bitte wechseln Sie zur Registrierkarte \"Stichprobe anlegen\".");
+    user::press(w.btnROINew);
+    EXPECT_EQ(messages.shown().back().codes, message::exclamation);
+    EXPECT_EQ(w.set().regionCount(), 0);
+}
+
+TEST_F(Regions, OneThatCouldNotBeSeenWhenFittedIsShownAtFullSize) {
+    auto& w = window();
+    user::check(w.chkStretch, true);
+    makeRegion();
+    EXPECT_FALSE(w.chkStretch.checked());
+    EXPECT_FALSE(w.kvPictureBox1.Stretch());
+}
+
+TEST_F(Regions, EachHasItsOwnClassForEverySampleAndIsSavedWithItsRectangle) {
+    auto& w = window();
+    pressClass(2);
+    makeRegion("Kopf");
+    makeRegion("Fuß");
+    user::type(w.txtROIDescription, "unten");
+    EXPECT_EQ(classShown(1), "gut") << "the first class, as long as no other is given";
+    w.GoToItem(1);
+    pressClass(1);
+    user::choose(w.cboROI, 1);
+    EXPECT_EQ(classShown(1), "gut");
+    user::choose(w.cboROI, 0);
+    EXPECT_EQ(classShown(1), "Pore");
+    messages.expectPart("überschreiben?", message::ok);
+    user::press(w.btnSave);
+    const auto kept = rectangle(2);
+
+    openByChooser("Probe");
+    EXPECT_EQ(w.ItemClasses(1, 0), 2);
+    EXPECT_EQ(w.ItemClasses(1, 1), 0);
+    EXPECT_EQ(w.ItemClasses(1, 2), 1);
+    EXPECT_EQ(rectangle(2), kept);
+    EXPECT_EQ(w.set().regionRow(2).description, "unten");
+    user::clickRow(w.lvROIs, 1);
+    user::press(w.btnROIDel);
+    EXPECT_EQ(w.ItemClasses(1, 1), 1) << "what was the second is the first now";
+    EXPECT_EQ(rectangle(1), kept);
+}
+
+// The picture is 32 pixels wide and 24 high.
+TEST_F(Regions, ATypedNumberMovesTheRegionAndAnythingElseIsPutBack) {
+    auto& w = window();
+    makeRegion("Kopf");
+    const struct {
+        platform::TextBox& box;
+        const char* typed;
+        std::vector<int> expected;
+    } cases[] = {
+        {w.txtX, "2", {2, 4, 16, 16}},           {w.txtY, "100", {2, 8, 16, 16}},
+        {w.txtX, "-5", {0, 8, 16, 16}},          {w.txtX, "zwei", {0, 8, 16, 16}},
+        {w.txtDX, "0", {0, 8, 16, 16}},          {w.txtDX, "99999999999", {0, 8, 16, 16}},
+        {w.txtDX, "2147483647", {0, 8, 32, 16}}, {w.txtDY, "5", {0, 8, 32, 5}},
+        {w.txtDY, "100", {0, 8, 32, 16}},        {w.txtY, " 3 ", {0, 3, 32, 16}},
+    };
+    ASSERT_EQ(rectangle(1), (std::vector<int>{8, 4, 16, 16}));
+    for (const auto& c : cases) {
+        user::type(c.box, c.typed);
+        user::commit(c.box);
+        EXPECT_EQ(rectangle(1), c.expected) << c.typed;
+        EXPECT_EQ(boxes(),
+                  (std::vector<std::string>{std::to_string(c.expected[0]), std::to_string(c.expected[1]),
+                                            std::to_string(c.expected[2]), std::to_string(c.expected[3])}));
+    }
+}
+
+TEST_F(Regions, OnlyWhatChangesARegionCountsAsAChange) {
+    auto& w = window();
+    makeRegion("Kopf");
+    messages.expectPart("überschreiben?", message::ok);
+    user::press(w.btnSave);
+    user::choose(w.cboROI, 0);
+    user::clickRow(w.lvROIs, 1);
+    user::type(w.txtX, w.txtX.text());
+    user::commit(w.txtX);
+    EXPECT_TRUE(w.unchanged()) << "a region was only chosen";
+    user::type(w.txtX, "3");
+    user::commit(w.txtX);
+    EXPECT_FALSE(w.unchanged());
+}
+
+}  // namespace
