@@ -1,7 +1,6 @@
 #include "tests/support/temp_folder.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <random>
 #include <system_error>
 
@@ -12,21 +11,22 @@ namespace support {
 
 TempFolder::TempFolder() {
     std::random_device random;
-    const std::u8string base = std::filesystem::temp_directory_path().u8string();
-    const std::string name = "stich-test-" + std::to_string(random()) + "-" + std::to_string(random());
-    path_ = platform::files::fullPath(std::string(base.begin(), base.end()) + "/" + name);
-    platform::files::createDirectories(path_);
+    do {
+        made_ = std::filesystem::temp_directory_path() / ("stich-test-" + std::to_string(random()));
+    } while (!std::filesystem::create_directory(made_));
+    const std::u8string text = made_.u8string();
+    path_.assign(text.begin(), text.end());
+    std::replace(path_.begin(), path_.end(), '/', '\\');
+    if (path_.starts_with('\\')) path_.insert(0, "Z:");
 }
 
+// What was made here is removed, whatever the program under test takes its path to be.
 TempFolder::~TempFolder() {
-#ifdef _WIN32
-    const std::string whole = R"(\\?\)" + path_;  // tests make paths beyond 260 characters
-#else
-    std::string whole = path_.substr(2);  // without the drive that stands for the root
-    std::replace(whole.begin(), whole.end(), '\\', '/');
-#endif
     std::error_code ignored;
-    std::filesystem::remove_all(std::filesystem::path(std::u8string(whole.begin(), whole.end())), ignored);
+#ifdef _WIN32
+    made_ = LR"(\\?\)" + made_.wstring();  // tests make paths beyond 260 characters
+#endif
+    std::filesystem::remove_all(made_, ignored);
 }
 
 std::string TempFolder::file(std::string_view name) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,7 @@ class TempFolder {
     std::string write(std::string_view name, std::string_view content = "x") const;
 
   private:
+    std::filesystem::path made_;
     std::string path_;
 };
 
