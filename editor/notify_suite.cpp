@@ -6,7 +6,6 @@ namespace editor {
 
 namespace {
 
-constexpr const char* suiteMessages = "Veltor Messages F77BD810-5557-11d3-9B5B-16E619000000";
 // Forms of the suite's compiled programs, and of those that run in their development environment.
 constexpr const char* formClasses[] = {"ThunderRT6FormDC", "ThunderFormDC"};
 constexpr std::uint32_t setChanged = 1087;

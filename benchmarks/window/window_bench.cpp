@@ -1,7 +1,8 @@
 // The editor in its real window: what opening, labelling and saving cost with large sets.
 //
-// Takes the folder of the pictures (at least as many as the largest set needs, named by picture()), writes
-// its sets beside it, and prints one line of JSON for each measurement.
+// Takes a folder with two others in it, `pictures` (at least as many as the largest set needs, named by
+// picture()) and `source` (those that are made a set of), writes its sets beside them, and prints one line of
+// JSON for each measurement.
 #include <algorithm>
 #include <cstdio>
 #include <functional>
@@ -128,6 +129,35 @@ void measureOpening(const std::string& folder) {
     }
 }
 
+/// A folder becomes a set, all at once, and is taken out again.
+void measureMaking(const std::string& folder) {
+    Editor editor(folder);
+    editor::frmStich& window = editor.window;
+    const auto timed = [&](platform::Button& button) {
+        return milliseconds([&] {
+            user::press(button);
+            window.form.update();
+        });
+    };
+    std::vector<double> browse, add, addAgain, remove;
+    for (int i = 0; i < 9; ++i) {
+        browse.push_back(milliseconds([&] {
+            window.browse(folder + "\\source");
+            window.form.update();
+        }));
+        add.push_back(timed(window.btn_A));
+        addAgain.push_back(timed(window.btn_A));
+        window.ListView2.selectAll();
+        remove.push_back(timed(window.btnR));
+    }
+    const std::string files = std::to_string(window.ListView1.count()) + " files";
+    report(("browse a folder, " + files).c_str(), browse);
+    report(("add all of a folder, " + files).c_str(), add);
+    report(("add all of a folder again, " + files).c_str(), addAgain);
+    report(("remove all selected samples, " + files).c_str(), remove,
+           window.set().sampleCount() == 0 ? "" : "NOT REMOVED");
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -143,6 +173,7 @@ int main(int count, char** arguments) {
     const double few = report("class click, 1000 items", measureClicks(folder, small));
     const auto many = measureClicks(folder, large);
     report("class click, 100000 items", many, ratio(percentile(many, 0.5), few) + " the click at 1000");
+    measureMaking(folder);
     measureOpening(folder);
     measure::dragging(folder);
     platform::Registry(root).removeAll();

@@ -150,6 +150,9 @@ TEST(UserControl, IsToldKeysAndHasHandlesAndAPointer) {
         return true;
     };
     window.control.setTabStop(true);
+    user::mouseDown(window.control, MouseButton::left, 0, {3, 4});
+    EXPECT_TRUE(window.control.focused()) << "by the press";
+    window.raised();
     user::key(window.control, keyCode::left);
     user::key(window.control, keyCode::f2, shiftKey::shift);
     EXPECT_EQ(window.raised(), (Events{"key 37 0", "key 113 1"}));

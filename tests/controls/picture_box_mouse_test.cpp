@@ -76,6 +76,10 @@ TEST_F(PictureBoxMouse, MovesTheSelectedRegionAsFarAsThePictureGoes) {
     EXPECT_EQ(box.pointer(), Pointer::arrow);
     hover({20, 25});
     EXPECT_EQ(box.regionRect(2), (Rect{0, 10, 20, 30})) << "it was let go";
+    user::scroll(hScroll, 100);
+    user::scroll(vScroll, 90);
+    pressAndDrag({3, 13}, {23, 18});
+    EXPECT_THAT(raised(), ElementsAre("move 0: 120 105 5 5")) << "where it is seen";
 }
 
 TEST_F(PictureBoxMouse, SizesByAHandleAndAcrossTheOppositeEdge) {

@@ -1,6 +1,5 @@
 #include "tests/support/temp_folder.h"
 
-#include <algorithm>
 #include <random>
 #include <system_error>
 
@@ -14,18 +13,15 @@ TempFolder::TempFolder() {
     do {
         made_ = std::filesystem::temp_directory_path() / ("stich-test-" + std::to_string(random()));
     } while (!std::filesystem::create_directory(made_));
-    const std::u8string text = made_.u8string();
-    path_.assign(text.begin(), text.end());
-    std::replace(path_.begin(), path_.end(), '/', '\\');
-    if (path_.starts_with('\\')) path_.insert(0, "Z:");
+    const std::u8string made = made_.u8string();
+    path_ = platform::files::fullPath(std::string(made.begin(), made.end()));
 }
 
-// What was made here is removed, whatever the program under test takes its path to be.
 TempFolder::~TempFolder() {
-    std::error_code ignored;
 #ifdef _WIN32
-    made_ = LR"(\\?\)" + made_.wstring();  // tests make paths beyond 260 characters
+    made_ = std::filesystem::path(LR"(\\?\)") += made_;  // tests make paths beyond 260 characters
 #endif
+    std::error_code ignored;
     std::filesystem::remove_all(made_, ignored);
 }
 

@@ -9,6 +9,7 @@
 #include "platform/win32/windows.h"
 #include "res/resource.h"
 #include "tests/controls/picture_box_fixture.h"
+#include "tests/support/win32/input.h"
 
 namespace {
 
@@ -169,6 +170,20 @@ TEST_F(PictureBoxDrags, ShowTheProgramsOwnCursor) {
     EXPECT_EQ(GetCapture(), window);
     user::mouseUp(box, platform::MouseButton::left, 0, {100, 50});
     EXPECT_FALSE(GetCapture());
+}
+
+TEST_F(PictureBoxDrags, LeaveTheFocusForTheTabKey) {
+    platform::Button button(form, "btn", "Weiter");
+    loadPalette({600, 400});
+    box.ROI_Add(10, 10, 30, 20);
+    user::mouseDown(box, platform::MouseButton::left, 0, {20, 20});
+    user::mouseUp(box, platform::MouseButton::left, 0, {20, 20});
+    user::input::key(GetFocus(), VK_RIGHT, 0);
+    EXPECT_EQ(box.X(), 20);
+    user::input::key(GetFocus(), VK_TAB, 0);
+    EXPECT_TRUE(button.focused());
+    user::input::key(GetFocus(), VK_TAB, platform::shiftKey::shift);
+    EXPECT_TRUE(box.focused());
 }
 
 }  // namespace

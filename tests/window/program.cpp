@@ -7,9 +7,14 @@
 #include <chrono>
 #include <iterator>
 #include <thread>
+#include <type_traits>
 
+#include "model/kvTamSampleSet.h"
+#include "platform/files.h"
+#include "platform/registry.h"
 #include "platform/win32/control_ids.h"
 #include "platform/win32/wide.h"
+#include "tests/support/pictures.h"
 
 namespace {
 
@@ -27,6 +32,24 @@ bool waitFor(const std::function<bool()>& condition) {
         std::this_thread::sleep_for(10ms);
     }
     return true;
+}
+
+ProgramFolder::ProgramFolder(int pictures, platform::Size size, const std::vector<std::string>& classes) {
+    ::CopyFileW(wide(platform::files::fullPath(STICH_EXE)).c_str(), wide(program()).c_str(), FALSE);
+    model::kvTamSampleSet set;
+    set.AppPath(path());
+    for (const std::string& name : classes) set.kvtamClasses().Add(name);
+    const std::string bitmap =
+        support::paletteBitmap(size, {0x404040, 0xC0C0C0}, [](int x, int y) { return (x / 8 + y / 8) % 2; });
+    for (int number = 1; number <= pictures; ++number) {
+        const std::string file = write("Picture\\" + picture(number), bitmap);
+        set.kvtamSamples().Add(file, "").ItemClasses.push_back(1);
+    }
+    EXPECT_TRUE(set.Save(setFile()));
+}
+
+ProgramFolder::~ProgramFolder() {
+    platform::Registry("Software\\Veltor2").removeAll();
 }
 
 namespace {
@@ -51,6 +74,19 @@ BOOL CALLBACK inspect(HWND window, LPARAM parameter) {
 void replaceText(HWND edit, const std::string& text) {
     ::SendMessageW(edit, EM_SETSEL, 0, -1);
     ::SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(wide(text).c_str()));
+}
+
+// A control reads and writes its own process' memory. `prepare` gets the address that the data has there.
+template <class Data>
+void askWith(HANDLE process, HWND window, UINT message, WPARAM wParam, Data& data,
+             const std::type_identity_t<std::function<void(Data*)>>& prepare) {
+    auto* there =
+        static_cast<Data*>(::VirtualAllocEx(process, nullptr, sizeof data, MEM_COMMIT, PAGE_READWRITE));
+    prepare(there);
+    ::WriteProcessMemory(process, there, &data, sizeof data, nullptr);
+    ::SendMessageW(window, message, wParam, reinterpret_cast<LPARAM>(there));
+    ::ReadProcessMemory(process, there, &data, sizeof data, nullptr);
+    ::VirtualFreeEx(process, there, 0, MEM_RELEASE);
 }
 
 }  // namespace
@@ -127,6 +163,10 @@ void Program::typeInto(const char* name, const std::string& text) const {
     replaceText(field != nullptr ? field : box, text);
 }
 
+void Program::commit(const char* box) const {
+    ::PostMessageW(control(box), WM_KEYDOWN, VK_RETURN, 1);
+}
+
 void Program::choose(const char* chooser, int index) const {
     const HWND box = control(chooser);
     ::SendMessageW(box, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
@@ -137,6 +177,28 @@ void Program::choose(const char* chooser, int index) const {
 
 void Program::selectTab(int index) const {
     ::SendMessageW(control("TabStrip1"), TCM_SETCURFOCUS, static_cast<WPARAM>(index), 0);
+}
+
+void Program::slide(const char* slider, int value) const {
+    const HWND window = control(slider);
+    ::SendMessageW(window, TBM_SETPOS, TRUE, value);
+    for (const int code : {TB_THUMBTRACK, TB_THUMBPOSITION, TB_ENDTRACK}) {
+        ::SendMessageW(::GetParent(window), WM_HSCROLL,
+                       MAKEWPARAM(static_cast<WORD>(code), static_cast<WORD>(value)),
+                       reinterpret_cast<LPARAM>(window));
+    }
+}
+
+void Program::drag(const char* name, POINT from, POINT to) const {
+    const HWND window = control(name);
+    const auto send = [window](UINT message, WPARAM keys, LONG x, LONG y) {
+        ::SendMessageW(window, message, keys, MAKELPARAM(static_cast<WORD>(x), static_cast<WORD>(y)));
+    };
+    send(WM_MOUSEMOVE, 0, from.x, from.y);
+    send(WM_LBUTTONDOWN, MK_LBUTTON, from.x, from.y);
+    send(WM_MOUSEMOVE, MK_LBUTTON, (from.x + to.x) / 2, (from.y + to.y) / 2);
+    send(WM_MOUSEMOVE, MK_LBUTTON, to.x, to.y);
+    send(WM_LBUTTONUP, 0, to.x, to.y);
 }
 
 bool Program::answer(const std::string& part, int button) const {
@@ -186,16 +248,25 @@ struct Program::ItemRequest {
     wchar_t text[512]{};
 };
 
-// The list reads and writes its own process' memory.
 void Program::ask(HWND list, UINT message, int row, ItemRequest& request) const {
-    auto* there = static_cast<ItemRequest*>(
-        ::VirtualAllocEx(process_.hProcess, nullptr, sizeof request, MEM_COMMIT, PAGE_READWRITE));
-    request.item.pszText = there->text;
-    request.item.cchTextMax = static_cast<int>(std::size(request.text));
-    ::WriteProcessMemory(process_.hProcess, there, &request, sizeof request, nullptr);
-    ::SendMessageW(list, message, static_cast<WPARAM>(row - 1), reinterpret_cast<LPARAM>(there));
-    ::ReadProcessMemory(process_.hProcess, there, &request, sizeof request, nullptr);
-    ::VirtualFreeEx(process_.hProcess, there, 0, MEM_RELEASE);
+    askWith(process_.hProcess, list, message, static_cast<WPARAM>(row - 1), request, [&](ItemRequest* there) {
+        request.item.pszText = there->text;
+        request.item.cchTextMax = static_cast<int>(std::size(request.text));
+    });
+}
+
+void Program::click(const char* toolbar, int button, ButtonPart part) const {
+    const HWND bar = control(toolbar);
+    RECT area{};
+    askWith(process_.hProcess, bar, TB_GETITEMRECT, static_cast<WPARAM>(button - 1), area, [](RECT*) {});
+    const LONG x = part == ButtonPart::arrow ? area.right - 4 : area.left + (area.bottom - area.top) / 2;
+    const auto at = MAKELPARAM(static_cast<WORD>(x), static_cast<WORD>((area.top + area.bottom) / 2));
+    ::PostMessageW(bar, WM_LBUTTONDOWN, MK_LBUTTON, at);
+    ::PostMessageW(bar, WM_LBUTTONUP, 0, at);
+}
+
+bool Program::enabled(const char* toolbar, int button) const {
+    return ::SendMessageW(control(toolbar), TB_ISBUTTONENABLED, static_cast<WPARAM>(button), 0) != 0;
 }
 
 void Program::addToSelection(const char* list, int row) const {

@@ -4,10 +4,24 @@
 #include <string>
 #include <vector>
 
+#include "platform/geometry.h"
 #include "platform/win32/windows.h"
+#include "tests/support/temp_folder.h"
 
 /// Asks again and again until the condition holds; false when it did not for a long time.
 bool waitFor(const std::function<bool()>& condition);
+
+/// A folder with a program of its own, which is a copy, and a set of bitmaps "Bild 1.bmp", ... that are all
+/// of the first class. The settings of the user go with it.
+class ProgramFolder : public support::TempFolder {
+  public:
+    ProgramFolder(int pictures, platform::Size size, const std::vector<std::string>& classes);
+    ~ProgramFolder();
+
+    std::string program() const { return file("Stich.exe"); }
+    std::string setFile() const { return file("TestSets\\Probe.kvs"); }
+    static std::string picture(int number) { return "Bild " + std::to_string(number) + ".bmp"; }
+};
 
 /// The real program in a process of its own, driven from outside as a screen reader or a script would.
 class Program {
@@ -20,6 +34,7 @@ class Program {
 
     /// Waits for the editor's window; false when none comes.
     bool opens();
+    HWND window() const { return window_; }
     /// The control of that name, at whatever depth; null when there is none.
     HWND control(const char* name, HWND form = nullptr) const;
     static std::string text(HWND window);
@@ -30,7 +45,15 @@ class Program {
     bool shows(const std::string& picture) const;
     /// Writes into a text box or the edit field of a chooser, as typing does.
     void typeInto(const char* box, const std::string& text) const;
+    void commit(const char* box) const;  ///< Enter
     void choose(const char* chooser, int index) const;
+    void slide(const char* slider, int value) const;  ///< by its thumb
+    /// Presses the left button at one point of a control, moves to another one and lets go there.
+    void drag(const char* control, POINT from, POINT to) const;
+    /// Clicks a button of a toolbar (from 1), or the arrow beside it.
+    enum class ButtonPart { face, arrow };
+    void click(const char* toolbar, int button, ButtonPart part = ButtonPart::face) const;
+    bool enabled(const char* toolbar, int button) const;
     void selectTab(int index) const;  ///< from 0
     /// Waits for a message box, checks that its text holds `part`, and presses a button (IDOK, IDYES, ...).
     bool answer(const std::string& part, int button) const;
