@@ -38,7 +38,6 @@ std::string quoted(std::string_view word) {
 /// Takes the next word off the line; empty at its end or before a comment. A text in quotes keeps them.
 std::string_view takeWord(std::string_view& rest, int line) {
     rest = trimmed(rest);
-    if (rest.starts_with(';')) rest = {};
     std::size_t length = 0;
     if (rest.starts_with('"')) {
         length = rest.find('"', 1);

@@ -40,7 +40,7 @@ class Raised {
 
 frmSave::frmSave(platform::Form& owner, RegionSource& source, const Environment& environment,
                  std::string targetDirectory)
-    : form("frmSave", "Bereiche speichern", {.clientSize = {460, 240}, .dialog = true, .owner = &owner}),
+    : form("frmSave", "Bereiche speichern", {.clientSize = {560, 260}, .dialog = true, .owner = &owner}),
       lblROIName(form, "lblROIName", {}, platform::Label::Style::plain),
       kvProgressBar1(form, "kvProgressBar1"),
       txtOut(form, "txtOut", platform::TextBox::Style::output),

@@ -88,17 +88,32 @@ class Editor {
     editor::frmStich window;
 };
 
-std::vector<double> measureClicks(const std::string& folder, int samples) {
+/// What is done all day, in a set of that size.
+struct Day {
+    std::vector<double> clicks;     // on a class button
+    std::vector<double> switching;  // to another region by the chooser
+};
+
+Day measureDay(const std::string& folder, int samples) {
     const std::string file = writeSetOf(folder, samples, true);
     Editor editor(folder);
-    editor.window.LoadFile(file);
-    editor.window.GoToItem(samples / 2);
+    editor::frmStich& window = editor.window;
+    window.LoadFile(file);
+    window.GoToItem(samples / 2);
     user::pump();
-    auto& button = user::find<platform::Button>(editor.window.form, "Command1(3)");
-    return repeated(200, [&] {
+    auto& button = user::find<platform::Button>(window.form, "Command1(3)");
+    Day day;
+    day.clicks = repeated(200, [&] {
         user::press(button);
-        editor.window.form.update();
+        window.form.update();
     });
+    int region = 0;
+    day.switching = repeated(100, [&] {
+        region = (region + 1) % regions;
+        user::choose(window.cboROI, region);
+        window.form.update();
+    });
+    return day;
 }
 
 void measureOpening(const std::string& folder) {
@@ -110,8 +125,10 @@ void measureOpening(const std::string& folder) {
         report(("read a set file into tables, " + suffix + " samples").c_str(),
                repeated(9, [&] { editor::readSet(file, folder); }));
         const editor::OpenSet set = editor::readSet(file, folder).set;
-        report(("ask which pictures exist, " + suffix + " samples").c_str(),
-               repeated(5, [&] { editor::missingSamples(set); }));
+        report(("ask which pictures exist, " + suffix + " samples").c_str(), repeated(5, [&] {
+                   platform::BackgroundTask::Progress progress;
+                   editor::missingSamples(set, platform::files::foldedFileNames, progress);
+               }));
         Editor editor(folder);
         const std::size_t before = workingSet();
         std::vector<double> times{milliseconds([&] { editor.window.LoadFile(file); })};
@@ -170,12 +187,18 @@ int main(int count, char** arguments) {
     platform::Registry(root).removeAll();
 
     report("start to the window on the screen", repeated(5, [&] { Editor editor(folder); }));
-    const double few = report("class click, 1000 items", measureClicks(folder, small));
-    const auto many = measureClicks(folder, large);
-    report("class click, 100000 items", many, ratio(percentile(many, 0.5), few) + " the click at 1000");
+    const Day few = measureDay(folder, small);
+    const Day many = measureDay(folder, large);
+    const double click = report("class click, 1000 items", few.clicks);
+    report("class click, 100000 items", many.clicks,
+           ratio(percentile(many.clicks, 0.5), click) + " the click at 1000");
+    const double choice = report("another region chosen, 1000 items", few.switching);
+    report("another region chosen, 100000 items", many.switching,
+           ratio(percentile(many.switching, 0.5), choice) + " the same at 1000");
     measureMaking(folder);
     measureOpening(folder);
     measure::dragging(folder);
+    measure::cutting(folder);
     platform::Registry(root).removeAll();
     return 0;
 }

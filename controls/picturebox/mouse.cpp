@@ -1,5 +1,4 @@
 // What the user does to regions and picture with the mouse, and to the selected region with the arrow keys.
-#include <algorithm>
 #include <array>
 
 #include "controls/picturebox/kvPictureBox.h"
@@ -122,16 +121,13 @@ bool kvPictureBox::keyDown(int key, int shift) {
         return key == platform::keyCode::escape;
     }
     const int index = regions_.lastSelected();
-    if (index == 0 || stretch_ || !showROIs_ || !allowROImove_) return false;
+    // After a press beside all regions one may still have its handles, but the host was told of none.
+    const bool told = index == regions_.CurrentIndex || index == regions_.SelectedIndex;
+    if (index == 0 || !told || stretch_ || !showROIs_ || !allowROImove_) return false;
     const RegionRecord before = regions_.at(index);
     const auto after = nudged(before, key, shift, buffer_.picture());
     if (!after) return false;
     if (*after == before) return true;
-    if (regions_.CurrentIndex != index) {  // a press on it would make it so
-        regions_.CurrentIndex = index;
-        raiseROIselect(index);
-        if (!regions_.has(index)) return true;
-    }
     setEdges(index, *after);
     scrollAlong(before, *after);
     update();

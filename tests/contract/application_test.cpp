@@ -43,14 +43,6 @@ TEST(Post, IsDroppedWithItsForm) {
     EXPECT_EQ(window.raised(), Events{"kept"});
 }
 
-TEST(Run, EndsWithItsForm) {
-    TestWindow window;
-    application::post(window.form, [&] { window.form.unload(); });
-    window.form.onUnload = window.log("unload");
-    EXPECT_EQ(application::run(window.form), 0);
-    EXPECT_EQ(window.raised(), Events{"unload"});
-}
-
 TEST(Guard, ShowsWhatLeavesAHandlerAndTheWindowLivesOn) {
     TestWindow window;
     Button button(window.form, "btn", "&Los");

@@ -75,16 +75,6 @@ TEST(Form, StaysWhenAskingFails) {
     EXPECT_TRUE(window.form.loaded());
 }
 
-TEST(Form, RaisesNothingWhenItIsDestroyed) {
-    Events events;
-    {
-        Form form("frmContract", "Vertrag", {});
-        form.show();
-        form.onUnload = form.onResize = [&] { events.push_back("raised"); };
-    }
-    EXPECT_EQ(events, Events{});
-}
-
 struct Dialog : TestWindow {
     Button btnOwner{form, "btnOwner"};
     Form dialog{"frmDialog", "Frage", {.clientSize = {300, 200}, .dialog = true, .owner = &form}};

@@ -81,14 +81,6 @@ TEST(TextBox, CommitsByEnterOrWhenItIsLeftAfterAChange) {
     EXPECT_EQ(boxes.raised(), (Events{"change", "commit", "click"}));
 }
 
-TEST(TextBox, ForOutputHoldsSeveralLinesThatOnlyTheProgramWrites) {
-    TestWindow window;
-    TextBox output(window.form, "txtOutput", TextBox::Style::output);
-    output.setText("eins\r\nzwei");
-    EXPECT_EQ(output.text(), "eins\r\nzwei");
-    EXPECT_THROW(user::type(output, "drei"), std::logic_error);
-}
-
 TEST(CheckBox, TellsTheUsersClicksOnly) {
     TestWindow window;
     CheckBox box(window.form, "chk", "&mehrfach");

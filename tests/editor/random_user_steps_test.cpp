@@ -86,6 +86,8 @@ const Step steps[] = {
     {1, "close", [](auto& p, auto&) { p.close(); }},
 };
 
+const Step emptied{0, "remove all, as there are many", [](auto& p, auto& w) { p.press(w.btnRA); }};
+
 const Step& stepAt(int place) {
     const Step* step = steps;
     while (place >= step->weight) place -= (step++)->weight;
@@ -97,8 +99,8 @@ const Step& stepAt(int place) {
 void Person::step() {
     static const int weights = std::accumulate(std::begin(steps), std::end(steps), 0,
                                                [](int sum, const Step& step) { return sum + step.weight; });
-    if (window().set().sampleCount() > mostSamples) press(window().btnRA);
-    const Step& chosen = stepAt(below(weights));
+    const bool many = window().set().sampleCount() > mostSamples;
+    const Step& chosen = many ? emptied : stepAt(below(weights));
     note(chosen.name);
     chosen.act(*this, window());
     nameIfAsked(window().lvCClasses);

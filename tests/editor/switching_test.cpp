@@ -64,6 +64,7 @@ TEST_F(Switching, ASetThatCannotBeReadLeavesTheOldOneOpen) {
     restart();
     openByChooser("A");
     pressClass(1);
+    user::type(window().cboSets, "anders");
     messages.expect(saveA, message::no).expectPart("Items");
     openByChooser("kaputt");
     EXPECT_EQ(messages.shown().back().codes, message::exclamation);
@@ -282,9 +283,12 @@ TEST_F(Missing, WhatIsNotFoundCanBeSearchedAgainOrRemoved) {
         .expectPart("Sind Sie sicher, daß Sie", message::no)
         .expectPart("Sind Sie sicher, daß Sie", message::yes);
     int calls = 0;
-    user::ModalUser dialog(
-        [&](platform::Form& form) { presses(++calls == 1 ? "btnSearch" : "btnDel")(form); });
+    user::ModalUser dialog([&](platform::Form& form) {
+        if (++calls == 1) user::find<platform::ListView>(form, "ListView1").select(2);
+        presses(calls == 1 ? "btnSearch" : "btnDel")(form);
+    });
     openByChooser("A");
+    EXPECT_EQ(files.requests()[0].fileName, "bild3.bmp") << "the one that is selected";
     EXPECT_EQ(messages.shown()[0].codes, 33);
     EXPECT_EQ(messages.shown()[1].codes, 36);
     EXPECT_EQ(messages.shown()[1].title, "Fehlende Dateien");

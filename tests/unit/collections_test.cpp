@@ -2,9 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/files.h"
 #include "tests/support/error_of.h"
-#include "tests/support/temp_folder.h"
 
 namespace {
 
@@ -59,18 +57,6 @@ TEST(Collections, RefuseIndicesOutside) {
     for (const std::int32_t position : {0, -1, 2}) expectRefused(position);
     for (const char* key : {"", "1", "a"}) expectRefused(key);
     EXPECT_EQ(samples.Count(), 1);
-}
-
-TEST(Sample, AnswersFromItsNameAndTheDisk) {
-    const support::TempFolder folder;
-    kvtamSamples samples;
-    const kvTamSample& sample = samples.Add(folder.write("Bild.bmp"), "text");
-    EXPECT_EQ(sample.ItemDescr, "text");
-    EXPECT_TRUE(sample.FileFound());
-    platform::files::remove(sample.FileName());
-    EXPECT_FALSE(sample.FileFound());
-    EXPECT_EQ(sample.File(), "Bild.bmp");
-    EXPECT_EQ(sample.Path(), folder.path());
 }
 
 }  // namespace

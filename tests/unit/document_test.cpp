@@ -57,15 +57,6 @@ TEST(ProfileDocument, ReadsLinesAsWindowsDoes) {
     for (const auto& c : cases) EXPECT_EQ(valueIn(c.bytes, "s", "k"), c.value) << c.bytes;
 }
 
-TEST(ProfileDocument, TellsItsLinesInTheirOrder) {
-    const auto document = ProfileDocument::parse("[s]\n \ta b = \" x \"\r\nc=\n;d=1\n=\n e=f=g\nh=");
-    const auto& section = document.section(0);
-    std::vector<std::pair<string, string>> lines;
-    for (std::size_t i = 0; i < section.size(); ++i) lines.emplace_back(section.key(i), section.value(i));
-    EXPECT_THAT(lines, testing::ElementsAre(testing::Pair("a b", " x "), testing::Pair("c", ""),
-                                            testing::Pair("e", "f=g"), testing::Pair("h", "")));
-}
-
 TEST(ProfileDocument, RecognisesItsEncoding) {
     EXPECT_EQ(valueIn("[s]\nk=Gr\xF6\xDF"s + "e \x80", "s", "k"), "Größe €");
     EXPECT_EQ(valueIn("[s]\nk=Größe", "s", "k"), "Größe");

@@ -82,10 +82,12 @@ TEST(SampleSet, CreatedFromADirectory) {
     EXPECT_EQ(classes, "1Äpfel, 2empty, 3klasse 2, 4Klasse 10, ");
     for (const kvTamSample& sample : set.kvtamSamples()) {
         EXPECT_TRUE(sample.FileFound());
-        EXPECT_EQ(sample.File(), sample.ItemDescr);
+        EXPECT_EQ(sample.Path() + "\\" + sample.File(), sample.FileName());
         samples += sample.ItemDescr + testing::PrintToString(sample.ItemClasses);
     }
     EXPECT_EQ(samples, "x.bmp{ 1 }Y9.bmp{ 3 }y10.txt{ 3 }z.bmp{ 4 }");
+    files::remove(folder.file(R"(Äpfel\x.bmp)"));
+    EXPECT_FALSE(set.kvtamSamples().Item(1).FileFound());
     ASSERT_EQ(set.kvtamROIs().Count(), 1);
     EXPECT_EQ(set.kvtamROIs().Item(1).Name, "(gesamtes Bild)");
 

@@ -97,6 +97,7 @@ TEST(SetFile, RefusesWhatItCannotUnderstandAndSaysWhere) {
         {"1=1\n2=2\n", "1=1\n2=b\n", "ROI0", "2"},
         {"1=1\n2=2\n", "2=2\n", "ROI0", "1"},
         {"X=1", "", "ROI1", "X"},
+        {"dX=3", "dX=2147483647", "ROI1", "dX"},  // its far edge is beyond all numbers
         {"dY=4", "dY=4 px", "ROI1", "dY"},
         {"Z=5", "Z=z", "ROI1", "Z"},
     };

@@ -269,6 +269,10 @@ bool Program::enabled(const char* toolbar, int button) const {
     return ::SendMessageW(control(toolbar), TB_ISBUTTONENABLED, static_cast<WPARAM>(button), 0) != 0;
 }
 
+int Program::image(const char* toolbar, int button) const {
+    return static_cast<int>(::SendMessageW(control(toolbar), TB_GETBITMAP, static_cast<WPARAM>(button), 0));
+}
+
 void Program::addToSelection(const char* list, int row) const {
     ItemRequest request;
     request.item.state = request.item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;

@@ -54,6 +54,7 @@ class Program {
     enum class ButtonPart { face, arrow };
     void click(const char* toolbar, int button, ButtonPart part = ButtonPart::face) const;
     bool enabled(const char* toolbar, int button) const;
+    int image(const char* toolbar, int button) const;  ///< its number in the bar's list
     void selectTab(int index) const;  ///< from 0
     /// Waits for a message box, checks that its text holds `part`, and presses a button (IDOK, IDYES, ...).
     bool answer(const std::string& part, int button) const;

@@ -1,8 +1,6 @@
 // The player bar of the real program, with its timer running.
 #include <gtest/gtest.h>
 
-#include <commctrl.h>
-
 #include <chrono>
 
 #include "platform/registry.h"
@@ -37,7 +35,7 @@ TEST_F(SlideShow, GoesOnOncePerIntervalAndAroundUntilItIsStopped) {
     stich.click("Toolbar1", back);
     ASSERT_TRUE(stich.shows("Bild 39.bmp"));
 
-    // Ticks that are not looked at in time are counted by the row that they came to.
+    // Ticks that nobody saw are counted by the row that they came to, around the end of the list.
     const auto begin = std::chrono::steady_clock::now();
     stich.click("Toolbar1", startShow);
     int steps = 0;
@@ -54,37 +52,32 @@ TEST_F(SlideShow, GoesOnOncePerIntervalAndAroundUntilItIsStopped) {
     stich.click("Toolbar1", stopShow);
     ASSERT_TRUE(waitFor([&] { return stich.enabled("Toolbar1", startShow); }));
     EXPECT_FALSE(stich.enabled("Toolbar1", stopShow));
-    ::Sleep(300);  // for a picture that was on its way
     const int row = stich.selectedRow("lvCItems");
-    ::Sleep(800);
+    ::Sleep(900);
     EXPECT_EQ(stich.selectedRow("lvCItems"), row);
     EXPECT_TRUE(stich.shows(ProgramFolder::picture(row)));
-    EXPECT_LT(row, 39) << "the first picture follows the last one";
 }
 
 TEST_F(SlideShow, TheMenuOfTheSaveButtonIsRememberedByItsPicture) {
-    const auto image = [](const Program& stich) {
-        return ::SendMessageW(stich.control("Toolbar1"), TB_GETBITMAP, saveRegions, 0);
-    };
     folder_.write("Scripts\\Extract.kvr");
-    LRESULT chosen = 0;
+    int chosen = 0;
     {
         Program stich(folder_.program(), {folder_.setFile()});
         ASSERT_TRUE(stich.opens());
         ASSERT_NO_FATAL_FAILURE(open(stich));
-        const LRESULT first = image(stich);
+        const int first = stich.image("Toolbar1", saveRegions);
         stich.click("Toolbar1", saveRegions, Program::ButtonPart::arrow);
         ASSERT_NE(stich.waitForWindow(L"#32768"), nullptr) << "the menu";
         for (const int key : {VK_DOWN, VK_DOWN, VK_DOWN, VK_RETURN})
             ::PostMessageW(stich.window(), WM_KEYDOWN, static_cast<WPARAM>(key), 1);
-        ASSERT_TRUE(waitFor([&] { return (chosen = image(stich)) != first; }));
+        ASSERT_TRUE(waitFor([&] { return (chosen = stich.image("Toolbar1", saveRegions)) != first; }));
         stich.close();
         ASSERT_EQ(stich.exitCode(), 0);
     }
     EXPECT_EQ(platform::Registry("Software\\Veltor2").read("Stich", "SaveSatus"), "btnSaveAllROI2");
     Program again(folder_.program());
     ASSERT_TRUE(again.opens());
-    EXPECT_EQ(image(again), chosen);
+    EXPECT_EQ(again.image("Toolbar1", saveRegions), chosen);
 }
 
 /// The user's decimal sign, as set in the system, for as long as it lives.

@@ -41,19 +41,17 @@ class Shot {
     win32::BitmapDc pixels_;
 };
 
-IconImage plain(int size, std::uint32_t colour) {
-    return {size, std::vector<std::uint32_t>(static_cast<std::size_t>(size) * static_cast<std::size_t>(size),
-                                             colour)};
-}
-
 TEST(Look, AListShowsItsIconsInFrontOfTheirRows) {
     Form form("frmLook", "Aussehen", {});
     ListView list(form, "list", {{"Name", 20}}, {});
     list.move(Rect::at(0, 0, 300, 200));
     const int size = metricsOf(form).iconSize;
-    list.setIcons({plain(size, 0xFFCC0000), plain(size, 0xFF00AA00), plain(size, 0x00FFFFFF)});
+    const auto plain = [size](std::uint32_t colour) {
+        return IconImage{size, std::vector<std::uint32_t>(static_cast<std::size_t>(size * size), colour)};
+    };
+    list.setIcons({plain(0xFFCC0000), plain(0xFF00AA00), plain(0x00FFFFFF)});
     list.icon = [](int row) { return row <= 3 ? row - 1 : -1; };
-    list.cell = [](int row, int) { return "Bild" + std::to_string(row); };
+    list.cell = [](int, int) { return "Bild"; };
     list.setCount(4);
     form.show();
     const Shot shot(list);
@@ -124,38 +122,36 @@ struct OtherMonitor : testing::Test {
         user::pump();
         form.onResize = [this] { ++layouts; };
     }
-    void moveTo(int dpi) {
-        const RECT suggested{10, 20, 810, 620};
-        form.native().send(WM_DPICHANGED, MAKEWPARAM(dpi, dpi), &suggested);
-    }
     static LONG fontHeight(const Control& control) {
         LOGFONTW font{};
         GetObjectW(reinterpret_cast<HFONT>(control.native().send(WM_GETFONT)), sizeof font, &font);
         return -font.lfHeight;
     }
-    int columnWidth() const { return static_cast<int>(list.native().send(LVM_GETCOLUMNWIDTH)); }
+    /// The heights of the two fonts and of two metrics, and the width of the list's column.
+    std::vector<LONG> sizes() const {
+        return {fontHeight(label), fontHeight(bold),
+                static_cast<LONG>(list.native().send(LVM_GETCOLUMNWIDTH)), metricsOf(form).lineHeight,
+                metricsOf(form).comboHeight};
+    }
 };
 
 TEST_F(OtherMonitor, ScalesFontsMetricsAndColumns) {
-    const LONG before = fontHeight(label);
-    const Metrics at96 = metricsOf(form);
-    const int column = columnWidth();
+    const std::vector<LONG> at96 = sizes();
     const std::string layout = list.layout();
     ASSERT_EQ(fontHeight(bold), 16);
-    moveTo(192);
-    EXPECT_EQ(fontHeight(label), 2 * before);
-    EXPECT_EQ(fontHeight(bold), 32);
-    EXPECT_EQ(bold.font().tenthPoints, 120);
-    EXPECT_EQ(metricsOf(label).dpi, 192);
-    EXPECT_GT(metricsOf(form).lineHeight, at96.lineHeight * 3 / 2);
-    EXPECT_GT(metricsOf(form).comboHeight, at96.comboHeight * 5 / 4);
-    EXPECT_EQ(columnWidth(), 2 * column);
-    EXPECT_EQ(list.layout(), layout) << "kept for any resolution";
-    EXPECT_GE(layouts, 1);
-    EXPECT_EQ(form.bounds(), (Rect{10, 20, 810, 620}));
-    moveTo(96);
-    EXPECT_EQ(fontHeight(label), before);
-    EXPECT_EQ(columnWidth(), column);
+    for (const int dpi : {192, 96}) {
+        const RECT suggested{10, 20, 810, 620};
+        form.native().send(WM_DPICHANGED, MAKEWPARAM(dpi, dpi), &suggested);
+        EXPECT_EQ(metricsOf(label).dpi, dpi);
+        for (std::size_t i = 0; i < at96.size(); ++i) {
+            const LONG scaled = at96[i] * dpi / 96;
+            EXPECT_NEAR(sizes()[i], scaled, i < 3 ? 0 : scaled / 3) << i;
+        }
+        EXPECT_EQ(bold.font().tenthPoints, 120);
+        EXPECT_EQ(list.layout(), layout) << "kept for any resolution";
+        EXPECT_EQ(form.bounds(), (Rect{10, 20, 810, 620}));
+    }
+    EXPECT_GE(layouts, 2);
 }
 
 TEST_F(OtherMonitor, FollowsTheUsersSettings) {

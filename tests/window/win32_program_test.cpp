@@ -13,6 +13,7 @@
 #include "platform/user_control.h"
 #include "platform/win32/command_line.h"
 #include "platform/win32/control_ids.h"
+#include "platform/win32/form_window.h"
 #include "platform/win32/wide.h"
 #include "res/resource.h"
 #include "tests/support/temp_folder.h"

@@ -1,0 +1,168 @@
+// Regions cut out of large pictures by the shipped script, against what cannot be saved: decoding every
+// picture once and writing the files.
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <numeric>
+
+#include "benchmarks/window/measure.h"
+#include "kernel/script_kernel.h"
+#include "platform/files.h"
+#include "platform/picture.h"
+#include "platform/win32/failure.h"
+#include "platform/win32/handle.h"
+#include "platform/win32/wide.h"
+#include "tests/support/pictures.h"
+
+// After <windows.h>, which it needs.
+#include <wincodec.h>
+
+namespace measure {
+
+namespace {
+
+using platform::Colour;
+using platform::Rect;
+using platform::Size;
+using platform::win32::requireOk;
+using platform::win32::UniqueCom;
+
+constexpr Size size{1920, 1080};
+constexpr int distinctFiles = 20;  // shown in turn, so the kernel never sees one twice in a row
+constexpr std::array regions{Rect::at(100, 50, 400, 300), Rect::at(900, 400, 640, 480),
+                             Rect::at(1800, 1000, 200, 200)};  // the last one leaves the picture
+
+/// Soft surfaces with a little noise, as cameras see them.
+Colour surfaceColour(int number, int column, int row) {
+    const auto x = static_cast<Colour>(column), y = static_cast<Colour>(row), n = static_cast<Colour>(number);
+    const Colour noise = (x * 73856093 ^ y * 19349663 ^ n * 83492791) >> 13;
+    const Colour light = (x + n * 90) % 1920 / 12 + y / 16 + noise % 8;
+    return light << 16 | (light * 3 / 4) << 8 | light / 2;
+}
+
+template <class Interface, class Call>
+UniqueCom<Interface> made(Call call) {
+    Interface* object = nullptr;
+    requireOk(call(&object), "JPEG schreiben");
+    return UniqueCom<Interface>(object);
+}
+
+/// By the system's own encoder, with its own quality.
+void writeJpeg(const std::string& file, int number) {
+    std::vector<BYTE> pixels;
+    for (int y = 0; y < size.height; ++y)
+        for (int x = 0; x < size.width; ++x)
+            for (const int shift : {0, 8, 16})
+                pixels.push_back(static_cast<BYTE>(surfaceColour(number, x, y) >> shift));
+    const auto factory = made<IWICImagingFactory>([](auto out) {
+        return CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
+                                IID_IWICImagingFactory, reinterpret_cast<void**>(out));
+    });
+    const auto stream = made<IWICStream>([&](auto out) { return factory.get()->CreateStream(out); });
+    requireOk(stream.get()->InitializeFromFilename(platform::wide(file).c_str(), GENERIC_WRITE),
+              "JPEG schreiben");
+    const auto encoder = made<IWICBitmapEncoder>(
+        [&](auto out) { return factory.get()->CreateEncoder(GUID_ContainerFormatJpeg, nullptr, out); });
+    requireOk(encoder.get()->Initialize(stream.get(), WICBitmapEncoderNoCache), "JPEG schreiben");
+    const auto frame =
+        made<IWICBitmapFrameEncode>([&](auto out) { return encoder.get()->CreateNewFrame(out, nullptr); });
+    WICPixelFormatGUID format = GUID_WICPixelFormat24bppBGR;
+    requireOk(frame.get()->Initialize(nullptr), "JPEG schreiben");
+    requireOk(frame.get()->SetSize(size.width, size.height), "JPEG schreiben");
+    requireOk(frame.get()->SetPixelFormat(&format), "JPEG schreiben");
+    requireOk(frame.get()->WritePixels(size.height, size.width * 3, static_cast<UINT>(pixels.size()),
+                                       pixels.data()),
+              "JPEG schreiben");
+    requireOk(frame.get()->Commit(), "JPEG schreiben");
+    requireOk(encoder.get()->Commit(), "JPEG schreiben");
+}
+
+/// Cuts all regions out of a picture with the kernel.
+class Kernel {
+  public:
+    explicit Kernel(std::string target) : target_(std::move(target)) {}
+
+    void cut(const std::string& file) {
+        for (std::size_t i = 0; i < regions.size(); ++i) {
+            const Rect& region = regions[i];
+            parameters_.set("Parameter0", "0", "Rfile://" + file);
+            parameters_.set("Parameter1", "0", std::to_string(region.left));
+            parameters_.set("Parameter1", "1", std::to_string(region.top));
+            parameters_.set("Parameter1", "4", std::to_string(region.width()));
+            parameters_.set("Parameter1", "5", std::to_string(region.height()));
+            parameters_.set("Parameter2", "0", "Wfile://" + targetOf(i));
+            if (!kernel_->run(script_, parameters_)) std::abort();  // the reason is on the screen
+        }
+    }
+    std::string targetOf(std::size_t region) const { return target_ + std::to_string(region) + ".bmp"; }
+
+  private:
+    std::string target_;
+    const std::string script_ = platform::files::fullPath(STICH_SOURCE_DIR "/res/Scripts/Extract.kvr");
+    kernel::Parameters parameters_;
+    std::unique_ptr<kernel::ScriptKernel> kernel_ = kernel::builtInKernel([](const std::string& line) {
+        if (line.starts_with("Fehler")) std::fprintf(stderr, "%s\n", line.c_str());
+    });
+};
+
+/// Decodes the picture and writes files as long as the kernel's, as safely as it does.
+class Floor {
+  public:
+    Floor(std::string target, const Kernel& kernel) : target_(std::move(target)) {
+        for (std::size_t i = 0; i < regions.size(); ++i)
+            contents_.push_back(platform::files::read(kernel.targetOf(i)));
+    }
+    void cut(const std::string& file) {
+        platform::decodePicture(file, surface_, Rect::at(0, 0, size.width, size.height));
+        for (std::size_t i = 0; i < contents_.size(); ++i)
+            platform::files::replace(target_ + std::to_string(i) + ".bmp", contents_[i]);
+    }
+
+  private:
+    std::string target_;
+    std::vector<std::string> contents_;
+    platform::Surface surface_{size};
+};
+
+void measureKind(const char* kind, const std::string& folder, const std::vector<std::string>& files,
+                 int pictures) {
+    Kernel kernel(folder + "\\cut");
+    kernel.cut(files.back());
+    Floor floor(folder + "\\floor", kernel);
+    std::vector<double> cutTimes, floorTimes;
+    for (int i = 0; i < pictures; ++i) {
+        const std::string& file = files[static_cast<std::size_t>(i) % files.size()];
+        const auto measureFloor = [&] { floorTimes.push_back(milliseconds([&] { floor.cut(file); })); };
+        if (i % 2 == 0) measureFloor();  // who comes second finds the file in the cache
+        cutTimes.push_back(milliseconds([&] { kernel.cut(file); }));
+        if (i % 2 == 1) measureFloor();
+    }
+    const auto sum = [](const std::vector<double>& times) {
+        return std::accumulate(times.begin(), times.end(), 0.0);
+    };
+    report((std::string("decode a ") + kind + " of 1920 x 1080 and write 3 files").c_str(), floorTimes);
+    char note[96];
+    std::snprintf(note, sizeof note, "%d pictures, %d distinct; %.2f times decoding once and writing",
+                  pictures, static_cast<int>(files.size()), sum(cutTimes) / sum(floorTimes));
+    report((std::string("cut 3 regions out of a ") + kind + " of 1920 x 1080").c_str(), cutTimes, note);
+}
+
+}  // namespace
+
+void cutting(const std::string& folder) {
+    const std::string place = folder + "\\cutting";
+    platform::files::createDirectories(place);
+    std::vector<std::string> photos, bitmaps;
+    for (int i = 0; i < distinctFiles; ++i) {
+        photos.push_back(place + "\\" + std::to_string(i) + ".jpg");
+        writeJpeg(photos.back(), i);
+        bitmaps.push_back(place + "\\" + std::to_string(i) + ".bmp");
+        platform::files::replace(bitmaps.back(), support::trueColourBitmap(size, [i](int x, int y) {
+                                     return surfaceColour(i, x, y);
+                                 }));
+    }
+    measureKind("JPEG", place, photos, 1000);
+    measureKind("bitmap", place, bitmaps, 200);
+}
+
+}  // namespace measure
