@@ -102,7 +102,7 @@ void frmStich::ListView1_ItemClick(int row) {
 }
 
 int frmStich::FindItemByPath(const std::string& file) const {
-    return chkDouble.checked() ? -1 : set_.findSample(file);
+    return set_.doubleSelection() ? -1 : set_.findSample(file);  // as the box shows, without asking it
 }
 
 void frmStich::addSamples(const std::vector<int>& sourceRows) {
@@ -120,9 +120,7 @@ void frmStich::addSamples(const std::vector<int>& sourceRows) {
 }
 
 void frmStich::btn_Click() {
-    std::vector<int> rows;
-    for (int row = ListView1.firstSelected(); row > 0; row = ListView1.nextSelected(row)) rows.push_back(row);
-    addSamples(rows);
+    addSamples(mListView::SelectedRows(ListView1));
 }
 
 void frmStich::btn_A_Click() {
@@ -132,9 +130,7 @@ void frmStich::btn_A_Click() {
 }
 
 void frmStich::btnR_Click() {
-    std::vector<int> rows;
-    for (int row = ListView2.firstSelected(); row > 0; row = ListView2.nextSelected(row)) rows.push_back(row);
-    removeSamples(rows);
+    removeSamples(mListView::SelectedRows(ListView2));
     set_.setUnchanged(false);
 }
 

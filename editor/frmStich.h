@@ -281,6 +281,7 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     std::int32_t regionState() const override { return kvPictureBox1.ROI(); }
     std::array<std::string, 4> regionDetails() const override;
     std::string regionName() const override { return cboROI.text(); }
+    bool isPicture(const std::string& file) const override { return set_.findSample(file) != -1; }
     void selectRegion(int index) override { kvPictureBox1.ROI_Select(index); }
     void showFirstPicture() override { Toolbar1_ButtonClick("btnFR"); }
     void showNextPicture() override { Toolbar1_ButtonClick("btnF"); }

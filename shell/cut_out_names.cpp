@@ -25,10 +25,12 @@ std::string CutOutNames::pathOf(const std::string& directory, const std::string&
     namespace text = platform::text;
     const std::string stem = asFileName(path::stem(picture) + '_' + regionName);
     const std::string owner = text::foldCase(picture) + '|' + std::to_string(region);
-    std::string name = stem;
-    for (int number = 2; owners_.try_emplace(text::foldCase(name), owner).first->second != owner; ++number)
-        name = stem + " (" + std::to_string(number) + ')';
-    return path::join(directory, name + ending);
+    for (int number = 1;; ++number) {
+        const std::string name = number == 1 ? stem : stem + " (" + std::to_string(number) + ')';
+        const std::string file = path::join(directory, name + ending);
+        if (isPicture_(file)) continue;
+        if (owners_.try_emplace(text::foldCase(name), owner).first->second == owner) return file;
+    }
 }
 
 }  // namespace shell

@@ -47,7 +47,8 @@ frmSave::frmSave(platform::Form& owner, RegionSource& source, const Environment&
       btnCancel(form, "btnCancel", "&Abbrechen"),
       source_(source),
       environment_(environment),
-      targetDirectory_(std::move(targetDirectory)) {
+      targetDirectory_(std::move(targetDirectory)),
+      names_([&source](const std::string& file) { return source.isPicture(file); }) {
     form.setMinimumSize({300, 200});
     form.onActivate = [this] { Form_Activate(); };
     form.onQueryUnload = [this] { return Form_QueryUnload(); };

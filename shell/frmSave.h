@@ -27,6 +27,8 @@ class RegionSource {
     /// X, Y, dX and dY of the region as the window shows them, in picture pixels.
     virtual std::array<std::string, 4> regionDetails() const = 0;
     virtual std::string regionName() const = 0;
+    /// Whether the file is one of the set's pictures.
+    virtual bool isPicture(const std::string& file) const = 0;
     virtual void selectRegion(int index) = 0;
     virtual void showFirstPicture() = 0;
     virtual void showNextPicture() = 0;

@@ -11,7 +11,7 @@ namespace files = platform::files;
 using platform::Size;
 
 TEST(CutOutNames, NoPictureOrRegionTakesTheFileOfAnother) {
-    shell::CutOutNames names;
+    shell::CutOutNames names([](const std::string& path) { return path == "D:\\aus\\A_Probe.bmp"; });
     const struct {
         const char* picture;
         int region;
@@ -25,6 +25,7 @@ TEST(CutOutNames, NoPictureOrRegionTakesTheFileOfAnother) {
         {"C:\\p\\A.jpg", 2, "a:b?", "D:\\aus\\A_a_b_.bmp"},
         {"C:\\p\\A.jpg", 3, "a*b<", "D:\\aus\\A_a_b_ (2).bmp"},
         {"C:\\p\\A.jpg", 4, "x\t\"|\\/", "D:\\aus\\A_x_____.bmp"},
+        {"C:\\p\\A.jpg", 5, "Probe", "D:\\aus\\A_Probe (2).bmp"},
         {"C:\\p\\Bild.alt.bmp", 1, "Ä", "D:\\aus\\Bild.alt_Ä.bmp"},
     };
     for (const auto& c : cases) EXPECT_EQ(names.pathOf("D:\\aus", c.picture, c.region, c.name), c.expected);
@@ -117,6 +118,7 @@ struct CountingSource : shell::RegionSource {
     std::int32_t regionState() const override { return region; }
     std::array<std::string, 4> regionDetails() const override { return {"0", "0", "2", "2"}; }
     std::string regionName() const override { return "Bereich" + std::to_string(region); }
+    bool isPicture(const std::string&) const override { return false; }
     void selectRegion(int index) override {
         region = index;
         if (++selected == stopAt) stop();

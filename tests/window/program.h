@@ -55,7 +55,7 @@ class Program {
     void click(const char* toolbar, int button, ButtonPart part = ButtonPart::face) const;
     bool enabled(const char* toolbar, int button) const;
     int image(const char* toolbar, int button) const;  ///< its number in the bar's list
-    void selectTab(int index) const;  ///< from 0
+    void selectTab(int index) const;                   ///< from 0
     /// Waits for a message box, checks that its text holds `part`, and presses a button (IDOK, IDYES, ...).
     bool answer(const std::string& part, int button) const;
     /// Waits for the system's dialog for a file or a folder, writes a path into it and presses OK.
