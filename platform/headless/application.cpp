@@ -43,9 +43,14 @@ void doEvents() {
     Desk::instance().runPending();
 }
 
-// Here nobody acts while the program waits but by what was posted.
+// Who waits looks again after a while: the clock goes on. Here nobody presses a key meanwhile.
 bool doEventsFor(Container&) {
-    Desk::instance().runPending();
+    constexpr std::int64_t whileWaiting = 30;  // milliseconds
+    Desk& desk = Desk::instance();
+    const std::int64_t until = desk.now() + whileWaiting;
+    desk.runPending();
+    while (desk.tickNext(until)) desk.runPending();
+    desk.setNow(until);
     return false;
 }
 

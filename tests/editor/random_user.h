@@ -91,6 +91,7 @@ struct Person : EditorTest {
     std::vector<Content::Sample> expected;  // what the samples should be, those that are left
     std::optional<Content> saved;           // what the file of the open set holds
     std::string fault;
-    int answered = 0;    // to the last message
-    bool asked = false;  // whether changes are to be saved
+    int answered = 0;      // to the last message
+    bool asked = false;    // whether changes are to be saved
+    bool removes = false;  // whether this step may take samples away
 };

@@ -14,7 +14,7 @@ namespace message = platform::message;
 constexpr int mostSamples = 12, mostClasses = 6, mostRegions = 3;
 
 const char* const classNames[] = {"gut", "GUT", "Riß", "Pore", " \"R&D\" ", "a=b;[c]", "Ωmega", "Klasse2"};
-const char* const texts[] = {"", "zweite", " mit Rand ", "zwei\r\nZeilen", "\"Zitat\"", "[x];=", "Ω"};
+const char* const texts[] = {"", "zweite", " mit Rand ", "\"Zitat\"", "[x];=", "Ω"};
 const char* const numbers[] = {"0", "2", "-5", "7", "99999999999", "x", ""};
 const char* const setNames[] = {"A", "b", "C", "Neu", "Ärger", "", "was?", "Ende."};
 const char* const players[] = {"btnFR", "btnR", "btnF", "btnFF", "btnLoop", "btnStop", "btnPath"};
@@ -101,6 +101,8 @@ void Person::step() {
                                                [](int sum, const Step& step) { return sum + step.weight; });
     const bool many = window().set().sampleCount() > mostSamples;
     const Step& chosen = many ? emptied : stepAt(below(weights));
+    const std::string_view name = chosen.name;
+    removes = name.starts_with("remove") || name == "duplicates";
     note(chosen.name);
     chosen.act(*this, window());
     nameIfAsked(window().lvCClasses);

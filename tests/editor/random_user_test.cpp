@@ -109,6 +109,7 @@ void Person::check() {
 
 void Person::checkSamples(const std::vector<Content::Sample>& now) {
     const editor::OpenSet& set = window().set();
+    if (now.size() < expected.size() && !removes) fail("a sample was lost");
     auto place = expected.begin();
     for (std::size_t i = 0; i < now.size(); ++i) {
         const int row = static_cast<int>(i + 1);

@@ -1,6 +1,9 @@
 #include <atomic>
+#include <chrono>
+#include <memory>
+#include <thread>
 
-#include "platform/application.h"
+#include "platform/timer.h"
 #include "tests/editor/editor_fixture.h"
 
 namespace {
@@ -11,8 +14,9 @@ class Waiting : public EditorTest {
     Waiting() {
         makeSet("Probe", {});
         makeSet("Fern", {.pictures = 5});
-        environment.fileNames = [this](std::string_view directory, const platform::files::Continue& goOn) {
-            for (std::size_t asked = 0; slow; ++asked) {
+        environment.fileNames = [slow = slow](std::string_view directory,
+                                              const platform::files::Continue& goOn) {
+            for (std::size_t asked = 0; *slow; ++asked) {
                 if (!goOn(asked)) return std::vector<std::string>{};
                 std::this_thread::sleep_for(std::chrono::milliseconds(5));
             }
@@ -22,20 +26,34 @@ class Waiting : public EditorTest {
         openByChooser("Probe");
         pressClass(1);
     }
-    ~Waiting() override { slow = false; }
+    ~Waiting() override { *slow = false; }
 
-    std::atomic<bool> slow = false;
+    /// Makes the share slow, and acts once when the window has begun to wait for it.
+    void meanwhile(std::function<void()> act) {
+        *slow = true;
+        timer = std::make_unique<platform::Timer>(window().form);
+        timer->setInterval(10);
+        timer->onTick = [this, act = std::move(act)] {
+            if (!window().fraWait.visible()) return;
+            timer->setEnabled(false);
+            act();
+        };
+        timer->setEnabled(true);
+    }
+
+    /// Shared with the thread that lists, which may outlive the test.
+    std::shared_ptr<std::atomic<bool>> slow = std::make_shared<std::atomic<bool>>(false);
+    std::unique_ptr<platform::Timer> timer;
 };
 
 TEST_F(Waiting, ASetThatTakesLongToCheckCanBeGivenUp) {
     auto& w = window();
     messages.expectPart("Änderungen in", platform::message::yes).expectPart("überschreiben?");
-    slow = true;
     std::string told;
-    platform::application::post(w.form, [&] {
+    meanwhile([&] {
         told = w.lblWait.caption();
         EXPECT_FALSE(w.form.unload()) << "the close box gives up as well, and does not close";
-        slow = false;  // "Probe" is read again
+        *slow = false;  // "Probe" is read again
         user::press(w.btnWait);
     });
     openByChooser("Fern");
@@ -49,20 +67,13 @@ TEST_F(Waiting, ASetThatTakesLongToCheckCanBeGivenUp) {
 TEST_F(Waiting, HowFarItIsIsSeenUntilItIsThere) {
     auto& w = window();
     messages.expectPart("Änderungen in", platform::message::no);
-    slow = true;
-    int before = -1;
-    int done = -1;
-    platform::application::post(w.form, [&] { before = w.kvProgressBar1.value(); });
-    platform::application::post(w.form, [&] {
-        platform::application::post(w.form, [&] {
-            done = w.kvProgressBar1.value();
-            EXPECT_EQ(w.kvProgressBar1.maximum(), 5);
-            slow = false;
-        });
+    int maximum = 0;
+    meanwhile([&] {
+        maximum = w.kvProgressBar1.maximum();
+        *slow = false;
     });
     openByChooser("Fern");
-    EXPECT_GE(before, 0);
-    EXPECT_GE(done, before);
+    EXPECT_EQ(maximum, 5);
     EXPECT_EQ(w.set().sampleCount(), 5);
     EXPECT_EQ(w.cboSets.text(), "Fern");
     EXPECT_FALSE(w.fraWait.visible());
