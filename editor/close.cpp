@@ -13,6 +13,7 @@ bool frmStich::Form_QueryUnload() {
     if (waiting_) waitGivenUp_ = true;
     if (frmSave_) frmSave_->form.unload();
     if (waiting_ || frmSave_) return false;
+    moveRegion();  // a number that is still being typed
     if (set_.sampleCount() == 0 || set_.unchanged()) return true;
     const int answer = say("Änderungen speichern?", message::yesNoCancel | message::question);
     if (answer == message::yes) return SaveSetAs(cboSets.text());

@@ -137,17 +137,23 @@ void frmStich::btnR_Click() {
 
 // What is left keeps its current item; a removed one leaves none, as its picture is no longer of the set.
 void frmStich::removeSamples(const std::vector<int>& rows) {
-    const int current = mListView::GetSelectedIndex(lvCItems);
+    const auto afterwards = [&rows](int row) {
+        const auto place = std::lower_bound(rows.begin(), rows.end(), row);
+        const bool goes = place != rows.end() && *place == row;
+        return row == 0 || goes ? 0 : row - static_cast<int>(place - rows.begin());
+    };
+    const int current = afterwards(mListView::GetSelectedIndex(lvCItems));
     set_.removeSamples(rows);
+    NumberItems();
     mListView::UnselectAll(ListView2);
     mListView::UnselectAll(lvCItems);
-    NumberItems();
     SetItemCount(set_.sampleCount());
 
-    const auto place = std::lower_bound(rows.begin(), rows.end(), current);
-    const bool stays = current > 0 && (place == rows.end() || *place != current);
-    shownRow_ = stays ? current - static_cast<int>(place - rows.begin()) : 0;
-    if (stays) lvCItems.selectOnly(shownRow_);
+    shownRow_ = afterwards(shownRow_);
+    if (current == 0) return;
+    lvCItems.selectOnly(current);
+    // Its picture was still on its way, to a row that is another one now.
+    if (current != shownRow_) GoToItem(current);
 }
 
 void frmStich::btnRA_Click() {

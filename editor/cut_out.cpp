@@ -27,7 +27,8 @@ void frmStich::saveAsTagged() {
 
 void frmStich::saveRegions(std::int16_t mode) {
     if (frmSave_ || !FileExists(shell::programFile(environment_, shell::extractionScript))) return;
-    moveRegion();  // a number that is still being typed
+    if (showingItem_) return platform::application::beep();  // the picture is not the one that is seen
+    moveRegion();                                            // a number that is still being typed
     shell::frmSave dialog(form, *this, environment_, PathROI_);
     for (const auto& image : toolbarImages(iconSize_)) {
         if (image.key == Toolbar1.button(Toolbar1.indexOf("btnSave")).tag) dialog.form.setIcon(image.icon);
@@ -41,7 +42,9 @@ void frmStich::saveRegions(std::int16_t mode) {
 }
 
 void frmStich::tellCutOuts(const shell::frmSave& dialog, std::int16_t mode) {
-    if (dialog.failures() > 0) {
+    if (!dialog.kernelNotice().empty()) {
+        tell(dialog.kernelNotice());
+    } else if (dialog.failures() > 0) {
         const std::string count = dialog.failures() == 1
                                       ? "Ein Bereich konnte"
                                       : std::to_string(dialog.failures()) + " Bereiche konnten";

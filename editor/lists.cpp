@@ -121,6 +121,10 @@ std::string frmStich::classText(int row) const {
 void frmStich::watchShift(ListView& list) {
     list.onMouseDown = [this](MouseButton, int shift, Point) { sourceShift_ = shift; };
     list.onMouseUp = [this](MouseButton, int, Point) { sourceShift_ = 0; };
+    list.onKeyDown = [this, otherKeys = list.onKeyDown](int key, int shift) {
+        sourceShift_ = shift;
+        if (otherKeys) otherKeys(key, shift);
+    };
     list.onKeyUp = [this](int, int) { sourceShift_ = 0; };
 }
 

@@ -1,5 +1,7 @@
 // Opening a set file, and what becomes of pictures that are not where it says.
 #include <algorithm>
+#include <exception>
+#include <new>
 
 #include "editor/frmStich.h"
 #include "editor/mListView.h"
@@ -30,8 +32,13 @@ std::int16_t frmStich::LoadFile(const std::string& path) {
             });
         if (!waitFor("Die Stichprobe wird gelesen und ihre Bilder gesucht ...", task))
             return shell::notOpened;
-    } catch (const platform::RuntimeError& failure) {
-        say("Die Stichprobe kann nicht geöffnet werden.\r\n" + failure.description(), message::exclamation);
+    } catch (const std::bad_alloc&) {
+        say("Die Stichprobe kann nicht geöffnet werden.\r\nDer Arbeitsspeicher reicht nicht aus.",
+            message::exclamation);
+        return shell::notOpened;
+    } catch (const std::exception& failure) {
+        say("Die Stichprobe kann nicht geöffnet werden.\r\n" + std::string(failure.what()),
+            message::exclamation);
         return shell::notOpened;
     }
     return accept(std::move(reading->loaded), reading->missing);
@@ -111,6 +118,8 @@ void frmStich::dropMissing(const std::vector<shell::frmError::Missing>& missing)
 }
 
 void frmStich::takeOver(OpenSet set, const std::vector<RegionRect>& rects) {
+    // No list may ask for a row of the former set meanwhile.
+    for (platform::ListView* list : {&ListView2, &lvCItems, &lvCClasses, &lvROIs}) list->setCount(0);
     set_ = std::move(set);
     shownRow_ = 0;
     mListView::UnselectAll(ListView2);

@@ -107,20 +107,24 @@ void OpenSet::forgetIndex() const {
     indexed_ = 0;
 }
 
+// Only the first row of a path: thousands of equal ones would all be compared for each look-up.
 void OpenSet::indexSample(int row) const {
-    index_.emplace(pathHash(samplePath(row)), row);
+    const std::string path = samplePath(row);
+    const auto [first, last] = index_.equal_range(pathHash(path));
+    const bool isThere = std::any_of(first, last, [&](const auto& entry) {
+        return platform::text::equalNoCase(samplePath(entry.second), path);
+    });
+    if (!isThere) index_.emplace(pathHash(path), row);
 }
 
 int OpenSet::findSample(std::string_view path) const {
     if (index_.empty()) index_.reserve(names_.size());
     while (indexed_ < sampleCount()) indexSample(++indexed_);
     const auto [first, last] = index_.equal_range(pathHash(path));
-    int found = -1;
-    for (auto i = first; i != last; ++i) {
-        const bool earlier = found == -1 || i->second < found;
-        if (earlier && platform::text::equalNoCase(samplePath(i->second), path)) found = i->second;
-    }
-    return found;
+    const auto found = std::find_if(first, last, [&](const auto& entry) {
+        return platform::text::equalNoCase(samplePath(entry.second), path);
+    });
+    return found == last ? -1 : found->second;
 }
 
 int OpenSet::findClass(std::string_view name, int except) const {

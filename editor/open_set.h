@@ -105,7 +105,7 @@ class OpenSet {
     std::unordered_map<std::string, std::uint32_t> directoryNumbers_;
     std::vector<std::vector<std::int16_t>> classOf_{1};  // a column per region chooser entry
 
-    // Hash of the folded path to rows; made by the first look-up, kept up to date by additions and dropped
+    // Hash of the folded path to the first row of it; made by the first look-up, kept up to date by additions and dropped
     // by what renumbers rows.
     mutable std::unordered_multimap<std::size_t, int> index_;
     mutable int indexed_ = 0;

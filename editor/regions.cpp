@@ -90,6 +90,9 @@ void frmStich::moveRegion() {
     const auto before = kvPictureBox1.regionRect(selectedRegion_);
     const auto read = [](const platform::TextBox& box) { return platform::text::parseInt32(box.text()); };
     const auto x = read(txtX), y = read(txtY), width = read(txtDX), height = read(txtDY);
+    const bool isSame =
+        x == before.left && y == before.top && width == before.width() && height == before.height();
+    if (isSame) return;
     const bool fits = x && y && width && height && *width > 0 && *height > 0 && kvPictureBox1.PicWidth() > 0;
     if (!fits) return showGeometry(before.left, before.top, before.width(), before.height());
 

@@ -244,7 +244,10 @@ std::vector<int> missingSamples(const OpenSet& set, const FileNames& fileNames,
         });
         if (progress.cancelled) return missing;
         std::copy_if(rows.begin(), rows.end(), std::back_inserter(missing), [&](int row) {
-            return !std::binary_search(there.begin(), there.end(), text::foldCase(set.sampleName(row)));
+            const std::string& name = set.sampleName(row);
+            if (std::binary_search(there.begin(), there.end(), text::foldCase(name))) return false;
+            // Old programs stored short names, which no listing tells.
+            return name.find('~') == std::string::npos || !platform::files::fileExists(set.samplePath(row));
         });
         progress.done = before += size;
     }

@@ -146,6 +146,7 @@ bool frmStich::SaveSetAs(const std::string& name) {
         say("Sie haben keinen Namen für die Stichprobe vergeben!", message::exclamation);
         return false;
     }
+    moveRegion();  // a number that is still being typed
     if (set_.sampleCount() == 0) {
         say("Sie haben keine Dateien ausgewählt!", message::exclamation);
         return false;

@@ -59,6 +59,7 @@ frmSave::frmSave(platform::Form& owner, RegionSource& source, const Environment&
     Form_Resize();
     kernel_ = kernel::makeKernel(environment.programDirectory, txtOut,
                                  [this](const std::string& line) { report(line); });
+    kernelNotice_ = lastLine_;
 }
 
 frmSave::~frmSave() {
@@ -167,9 +168,14 @@ void frmSave::report(const std::string& line) {
 }
 
 bool frmSave::targetCanBeWritten() {
+    if (targetDirectory_.empty()) {
+        report("Es ist kein Zielverzeichnis gewählt.");
+        return false;
+    }
     try {
         files::createDirectories(targetDirectory_);
-        const std::string probe = platform::path::join(targetDirectory_, probeName);
+        std::string probe = platform::path::join(targetDirectory_, probeName);
+        while (files::exists(probe)) probe += '~';
         files::replace(probe, "");
         files::remove(probe);
         return true;

@@ -52,6 +52,8 @@ class frmSave {
     /// empty when a kernel of the suite ran, which reports in `txtOut` only.
     int failures() const { return failures_; }
     const std::string& firstFailure() const { return firstFailure_; }
+    /// Why the suite's kernel could not be used; empty when there is none, or it could.
+    const std::string& kernelNotice() const { return kernelNotice_; }
     /// The file that was to be written last; empty when there was nothing to cut out.
     const std::string& lastTarget() const { return lastTarget_; }
 
@@ -79,6 +81,7 @@ class frmSave {
     CutOutNames names_;
     std::unique_ptr<kernel::ScriptKernel> kernel_;
     std::string lastLine_;
+    std::string kernelNotice_;
     std::string firstFailure_;
     std::string lastTarget_;
     int failures_ = 0;

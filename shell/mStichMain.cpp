@@ -47,8 +47,8 @@ bool start(EditorWindow& editor, const Environment& environment, const std::stri
     // Without a place for sets the editor can still be used on one from elsewhere.
     platform::application::guard([&] { platform::files::createDirectories(directories.sets); });
     editor.useDirectories(directories);
-    editor.SearchSets(true);
-    editor.browse(directories.sets);
+    platform::application::guard([&] { editor.SearchSets(true); });
+    platform::application::guard([&] { editor.browse(directories.sets); });
 
     if (!commandLine.empty() && platform::files::fileExists(commandLine)) {
         if (editor.LoadFile(platform::files::fullPath(commandLine)) == notOpened) return false;

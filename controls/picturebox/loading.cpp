@@ -49,7 +49,7 @@ FileFacts::FileFacts(const std::string& fileName) {
 
 void kvPictureBox::LoadPic(std::string FileName) {
     if (FileName == fileName_) {
-        bringRegionsIn();
+        if (!Failed()) bringRegionsIn();
         layOut();
         if (Failed() && onLoadFailed) onLoadFailed(failure_);
         return;

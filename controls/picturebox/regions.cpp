@@ -102,7 +102,7 @@ const RegionRecord& kvPictureBox::current() const {
 }
 
 void kvPictureBox::bringRegionsIn() {
-    if (!showROIs_) return;
+    if (!showROIs_ || PicWidth() == 0 || PicHeight() == 0) return;
     bool moved = false;
     for (RegionRecord& region : regions_) {
         const RegionRecord before = region;

@@ -73,6 +73,10 @@ std::string askForFile(HWND owner, const OpenFileRequest& request) {
     // The program's current directory stays its own.
     dialog.Flags = request.flags | OFN_EXPLORER | OFN_NOCHANGEDIR;
     if (GetOpenFileNameW(&dialog)) return narrow(path.data());
+    if (CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
+        path.front() = L'\0';  // a name that no file of this system can have is not offered
+        if (GetOpenFileNameW(&dialog)) return narrow(path.data());
+    }
     if (const DWORD failed = CommDlgExtendedError())
         throw RuntimeError(systemError,
                            "Der Dateidialog kann nicht gezeigt werden (" + std::to_string(failed) + ").");

@@ -159,4 +159,23 @@ TEST_F(Labelling, RemovedFilesLeaveTheOthersTheirClasses) {
     EXPECT_FALSE(w.Toolbar1.enabled(3));
 }
 
+// A press and, before its picture is there, a removal of the row that the press was for.
+TEST_F(Labelling, WhatIsRemovedWhileAPictureIsOnItsWayLeavesNoOtherOnTheScreen) {
+    auto& w = window();
+    user::clickRow(w.ListView2, 2);
+    platform::application::post(w.form, [&w] { w.btnR_Click(); });
+    w.kvButtonList1_Click(1);
+    ASSERT_EQ(w.set().sampleCount(), 2);
+    ASSERT_EQ(current(), 2);
+    EXPECT_EQ(w.kvPictureBox1.FileName(), w.ItemPath(2)) << "the next press is for what is seen";
+}
+
+TEST_F(Labelling, ARangeByKeysLoadsNoPictureEither) {
+    auto& w = window();
+    user::clickRow(w.ListView2, 1);
+    user::key(w.ListView2, platform::keyCode::down, platform::shiftKey::shift);
+    EXPECT_EQ(w.ListView2.selectedCount(), 2);
+    EXPECT_EQ(w.kvPictureBox1.FileName(), w.ItemPath(1));
+}
+
 }  // namespace

@@ -22,7 +22,9 @@ TEST(NewRegion, IsAQuarterOfThePictureInTheMiddleOfWhatIsSeen) {
         {{400, 200}, {200, 100, 300, 200}, {}, {200, 125, 100, 50}},
         {{400, 200}, {380, 0, 400, 200}, {}, {300, 75, 100, 50}},
         {{40, 10}, {0, 0, 40, 10}, {}, {12, 0, 16, 10}},
-        {{0, 0}, {0, 0, 0, 0}, {}, {0, 0, 1, 1}},
+        {{0, 0}, {0, 0, 0, 0}, {}, {0, 0, 64, 64}},
+        {{4000, 3000}, {3481, 2442, 4000, 3000}, {}, {3000, 2250, 1000, 750}},
+        {{400, 200}, {280, 140, 400, 200}, {{290, 145, 100, 50}}, {298, 143, 100, 50}},
         {{400, 200}, {0, 0, 400, 200}, {{150, 75, 100, 50}, {162, 87, 100, 50}}, {174, 99, 100, 50}},
         {{400, 200}, {0, 0, 400, 200}, {{150, 75, 100, 49}}, {150, 75, 100, 50}},
         {{17, 16}, {0, 0, 17, 16}, {{0, 0, 16, 16}}, {1, 0, 16, 16}},
@@ -160,6 +162,27 @@ TEST_F(Regions, ATypedNumberMovesTheRegionAndAnythingElseIsPutBack) {
                   (std::vector<std::string>{std::to_string(c.expected[0]), std::to_string(c.expected[1]),
                                             std::to_string(c.expected[2]), std::to_string(c.expected[3])}));
     }
+}
+
+TEST_F(Regions, APictureThatCannotBeReadLeavesThemAlone) {
+    auto& w = window();
+    makeRegion("Kopf");
+    const auto before = rectangle(1);
+    folder.write("Picture\\Probe\\bild2.bmp", "BM, but no picture");
+    w.GoToItem(2);
+    w.GoToItem(2);
+    EXPECT_EQ(rectangle(1), before);
+}
+
+TEST_F(Regions, ANumberThatIsBeingTypedCountsWhenTheWindowIsClosed) {
+    auto& w = window();
+    makeRegion("Kopf");
+    messages.expectPart("überschreiben?");
+    user::press(w.btnSave);
+    user::type(w.txtX, "3");
+    messages.expect("Änderungen speichern?", message::cancel);
+    EXPECT_FALSE(user::close(w.form));
+    EXPECT_EQ(rectangle(1)[0], 3);
 }
 
 TEST_F(Regions, OnlyWhatChangesARegionCountsAsAChange) {

@@ -90,7 +90,6 @@ TEST_F(StartUp, ASetOnTheCommandLineIsOpenedAndTheChooserStaysEmpty) {
     EXPECT_EQ(window().set().sampleCount(), 0) << "an argument that is no file is ignored";
     messages.expectPart("Die Stichprobe kann nicht geöffnet werden.");
     EXPECT_FALSE(start(writeSetFile("kaputt", "[Common]\r\nClasses=viele\r\n")));
-    EXPECT_FALSE(window().form.visible());
 }
 
 TEST_F(StartUp, SettingsComeBackAndTheirKeysStay) {

@@ -48,9 +48,9 @@ TEST_F(Day, LabelsGivenByClicksAreInTheSavedFileAndTheEditorComesBackAsItWas) {
     {
         Program stich(program(), {folder_.file("TestSets\\Köpfe.kvs")});
         ASSERT_TRUE(stich.opens());
+        ASSERT_TRUE(stich.shows("Maß 1.bmp"));
         ASSERT_EQ(stich.rows("lvCItems"), 4);
         EXPECT_EQ(Program::text(stich.control("txtSize")), "40 x 30 Pixel, 24 Bit Farbtiefe");
-        ASSERT_TRUE(stich.shows("Maß 1.bmp"));
         const std::pair<const char*, const char*> clicks[] = {
             {"Command1(1)", "Maß 2.JPG"}, {"Command1(2)", "Maß 3.bmp"}, {"Command1(1)", "Maß 4.JPG"}};
         for (const auto& [button, next] : clicks) {
