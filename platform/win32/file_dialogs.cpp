@@ -8,6 +8,7 @@
 #include "platform/win32/wide.h"
 
 // After <windows.h>, which they need.
+#include <cderr.h>
 #include <commdlg.h>
 #include <shobjidl.h>
 
