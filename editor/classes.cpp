@@ -44,6 +44,10 @@ void frmStich::showClasses() {
     showStandardClass();
     txtCDescription.setText("");
     enableClassButtons();
+    if (set_.classCount() > 0) {  // what is typed as a description is one of a class
+        lvCClasses.selectOnly(1);
+        lvCClasses_ItemClick(1);
+    }
     layOut();
 }
 

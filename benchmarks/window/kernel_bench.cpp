@@ -9,13 +9,7 @@
 #include "kernel/script_kernel.h"
 #include "platform/files.h"
 #include "platform/picture.h"
-#include "platform/win32/failure.h"
-#include "platform/win32/handle.h"
-#include "platform/win32/wide.h"
 #include "tests/support/pictures.h"
-
-// After <windows.h>, which it needs.
-#include <wincodec.h>
 
 namespace measure {
 
@@ -24,11 +18,10 @@ namespace {
 using platform::Colour;
 using platform::Rect;
 using platform::Size;
-using platform::win32::requireOk;
-using platform::win32::UniqueCom;
 
 constexpr Size size{1920, 1080};
-constexpr int distinctFiles = 20;  // shown in turn, so the kernel never sees one twice in a row
+constexpr int distinctFiles =
+    20;  // as many photos as there are; shown in turn, so the kernel never sees one twice in a row
 constexpr std::array regions{Rect::at(100, 50, 400, 300), Rect::at(900, 400, 640, 480),
                              Rect::at(1800, 1000, 200, 200)};  // the last one leaves the picture
 
@@ -38,43 +31,6 @@ Colour surfaceColour(int number, int column, int row) {
     const Colour noise = (x * 73856093 ^ y * 19349663 ^ n * 83492791) >> 13;
     const Colour light = (x + n * 90) % 1920 / 12 + y / 16 + noise % 8;
     return light << 16 | (light * 3 / 4) << 8 | light / 2;
-}
-
-template <class Interface, class Call>
-UniqueCom<Interface> made(Call call) {
-    Interface* object = nullptr;
-    requireOk(call(&object), "JPEG schreiben");
-    return UniqueCom<Interface>(object);
-}
-
-/// By the system's own encoder, with its own quality.
-void writeJpeg(const std::string& file, int number) {
-    std::vector<BYTE> pixels;
-    for (int y = 0; y < size.height; ++y)
-        for (int x = 0; x < size.width; ++x)
-            for (const int shift : {0, 8, 16})
-                pixels.push_back(static_cast<BYTE>(surfaceColour(number, x, y) >> shift));
-    const auto factory = made<IWICImagingFactory>([](auto out) {
-        return CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
-                                IID_IWICImagingFactory, reinterpret_cast<void**>(out));
-    });
-    const auto stream = made<IWICStream>([&](auto out) { return factory.get()->CreateStream(out); });
-    requireOk(stream.get()->InitializeFromFilename(platform::wide(file).c_str(), GENERIC_WRITE),
-              "JPEG schreiben");
-    const auto encoder = made<IWICBitmapEncoder>(
-        [&](auto out) { return factory.get()->CreateEncoder(GUID_ContainerFormatJpeg, nullptr, out); });
-    requireOk(encoder.get()->Initialize(stream.get(), WICBitmapEncoderNoCache), "JPEG schreiben");
-    const auto frame =
-        made<IWICBitmapFrameEncode>([&](auto out) { return encoder.get()->CreateNewFrame(out, nullptr); });
-    WICPixelFormatGUID format = GUID_WICPixelFormat24bppBGR;
-    requireOk(frame.get()->Initialize(nullptr), "JPEG schreiben");
-    requireOk(frame.get()->SetSize(size.width, size.height), "JPEG schreiben");
-    requireOk(frame.get()->SetPixelFormat(&format), "JPEG schreiben");
-    requireOk(frame.get()->WritePixels(size.height, size.width * 3, static_cast<UINT>(pixels.size()),
-                                       pixels.data()),
-              "JPEG schreiben");
-    requireOk(frame.get()->Commit(), "JPEG schreiben");
-    requireOk(encoder.get()->Commit(), "JPEG schreiben");
 }
 
 /// Cuts all regions out of a picture with the kernel.
@@ -154,8 +110,7 @@ void cutting(const std::string& folder) {
     platform::files::createDirectories(place);
     std::vector<std::string> photos, bitmaps;
     for (int i = 0; i < distinctFiles; ++i) {
-        photos.push_back(place + "\\" + std::to_string(i) + ".jpg");
-        writeJpeg(photos.back(), i);
+        photos.push_back(folder + "\\photos\\" + std::to_string(i) + ".jpg");
         bitmaps.push_back(place + "\\" + std::to_string(i) + ".bmp");
         platform::files::replace(bitmaps.back(), support::trueColourBitmap(size, [i](int x, int y) {
                                      return surfaceColour(i, x, y);

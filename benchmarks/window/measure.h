@@ -17,7 +17,8 @@ double report(const char* name, const std::vector<double>& times, const std::str
 /// One step of a drag of a region over a large picture. Uses the folder for the picture.
 void dragging(const std::string& folder);
 
-/// Cutting regions out of pictures with the kernel that is built in. Uses the folder for the pictures.
+/// Cutting regions out of pictures with the kernel that is built in. The folder holds the photos,
+/// `photos\0.jpg` to `photos\19.jpg`, and takes the bitmaps.
 void cutting(const std::string& folder);
 
 }  // namespace measure

@@ -1,8 +1,8 @@
 // The editor in its real window: what opening, labelling and saving cost with large sets.
 //
-// Takes a folder with two others in it, `pictures` (at least as many as the largest set needs, named by
-// picture()) and `source` (those that are made a set of), writes its sets beside them, and prints one line of
-// JSON for each measurement.
+// Takes a folder with others in it, `pictures` (at least as many as the largest set needs, named by
+// picture()), `source` (those that are made a set of) and `photos` (see measure.h), writes its sets beside
+// them, and prints one line of JSON for each measurement.
 #include <algorithm>
 #include <cstdio>
 #include <functional>

@@ -47,6 +47,7 @@ TEST_F(Classes, ANewClassGetsTheFirstFreeNumberAndItsNameIsEdited) {
 
 TEST_F(Classes, RenamingReachesEveryPlaceAndItsOwnNameMayChangeCase) {
     auto& w = window();
+    user::clickRow(w.lvCClasses, 0);
     user::press(w.btnCRename);
     EXPECT_FALSE(user::editing(w.lvCClasses)) << "nothing is selected";
     user::clickRow(w.lvCClasses, 1);
