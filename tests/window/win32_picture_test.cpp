@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <thread>
-
+#include "platform/background_task.h"
 #include "platform/errors.h"
 #include "platform/files.h"
 #include "platform/picture.h"
@@ -49,12 +48,16 @@ TEST(Decoder, FindsFilesOfAnyName) {
 TEST(Decoder, WorksOnOtherThreads) {
     const int handles = win32::liveHandles();
     Colour wic = 0, ole = 0;
-    std::thread([&] {
-        wic = firstPixel(support::golden("dark.png"));
-        ole = firstPixel(support::golden("packed.bmp"));
-    }).join();
+    {
+        BackgroundTask task([&](auto&) {
+            wic = firstPixel(support::golden("dark.png"));
+            ole = firstPixel(support::golden("packed.bmp"));
+        });
+        ASSERT_TRUE(task.wait(60'000));
+    }
     EXPECT_EQ(wic & 0xFFFFFF, 0x030201u);
     EXPECT_EQ(ole & 0xFFFFFF, 0xAABBCCu);
+    for (int patience = 500; patience > 0 && win32::liveHandles() != handles; --patience) ::Sleep(10);
     EXPECT_EQ(win32::liveHandles(), handles) << "the thread's decoder is gone with it";
 }
 
