@@ -1,5 +1,6 @@
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -28,6 +29,17 @@ editor::OpenSet makeSet(int samples, const std::string& folder, const std::strin
             set.assign(row, region, static_cast<std::int16_t>((row + region) % classes));
     }
     return set;
+}
+
+/// The floor: no deletion can do with less than one pass over what the samples have.
+void CopyAssignments(benchmark::State& state) {
+    const std::vector<std::int16_t> from(static_cast<std::size_t>(state.range(0) * regions), 1);
+    std::vector<std::int16_t> to(from.size());
+    for (auto _ : state) {
+        std::copy(from.begin(), from.end(), to.begin());
+        benchmark::DoNotOptimize(to.data());
+        benchmark::ClobberMemory();
+    }
 }
 
 void DeleteClassInTable(benchmark::State& state) {
@@ -69,6 +81,7 @@ void DeleteClassInWindow(benchmark::State& state) {
     std::filesystem::remove_all(place);
 }
 
+BENCHMARK(CopyAssignments)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(DeleteClassInTable)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(20);
 BENCHMARK(DeleteClassInWindow)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(5);
 

@@ -60,6 +60,17 @@ class StoredSet {
     kvTamSampleSet set;
 };
 
+// Floors: what no reader and no writer of these files can save.
+void ReadBytes(benchmark::State& state) {
+    const StoredSet stored(static_cast<int>(state.range(0)));
+    for (auto _ : state) benchmark::DoNotOptimize(files::read(stored.name).size());
+}
+void WriteBytes(benchmark::State& state) {
+    const StoredSet stored(static_cast<int>(state.range(0)));
+    const std::string bytes = files::read(stored.name);
+    for (auto _ : state) files::replace(stored.name, bytes);
+}
+
 void Save(benchmark::State& state) {
     StoredSet stored(static_cast<int>(state.range(0)));
     for (auto _ : state) stored.set.Save();
@@ -124,6 +135,8 @@ void PeekEntryByEntry(benchmark::State& state) {
     benchmark::DoNotOptimize(read);
 }
 
+BENCHMARK(ReadBytes)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(WriteBytes)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(Save)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(Load)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(LoadAfterOtherWork)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();

@@ -1,4 +1,6 @@
 // Labelling: showing an item, giving it a class with one click, and the lines that tell what is shown.
+#include <utility>
+
 #include "editor/frmStich.h"
 #include "editor/mListView.h"
 #include "model/set_file_names.h"
@@ -25,9 +27,22 @@ class Restored {
 
 }  // namespace
 
+// A press that was made before the picture was on the screen cannot mean it: one that waited in the queue
+// while the picture was decoded, the second half of a double click, a key that is held down.
+bool frmStich::pressIsUnseen() const {
+    using platform::application::Press;
+    if (showingItem_) return true;
+    const auto press = platform::application::currentPress();
+    if (!press) return false;
+    constexpr std::int32_t doubleClick = 200;  // milliseconds; who sees a picture and answers it needs longer
+    const bool second = press->kind == Press::Kind::second;
+    const auto seenFor = static_cast<std::int32_t>(press->time - seenAt_);
+    return press->kind == Press::Kind::held ||
+           seenFor < (second ? doubleClick : platform::application::inputTimeStep);
+}
+
 void frmStich::kvButtonList1_Click(std::int16_t classIndex) {
-    // While the next picture is on its way the one before is still seen, and the press means that one.
-    if (showingItem_) return labelSeen(classIndex);
+    if (pressIsUnseen()) return;
     const int row = mListView::GetSelectedIndex(lvCItems);
     if (row == 0) return;
     label(row, classIndex);
@@ -40,16 +55,8 @@ void frmStich::kvButtonList1_Click(std::int16_t classIndex) {
 }
 
 void frmStich::label(int row, std::int16_t classIndex) {
-    set_.assign(row, cboROI.listIndex(), classIndex);
+    set_.label(row, cboROI.listIndex(), classIndex);
     lvCItems.redraw(row);
-}
-
-void frmStich::labelSeen(std::int16_t classIndex) {
-    if (shownRow_ == 0) {
-        platform::application::beep();
-    } else {
-        label(shownRow_, classIndex);
-    }
 }
 
 void frmStich::GoToItem(int row) {
@@ -79,16 +86,23 @@ bool frmStich::showItem(int row) {
     if (!isChosen()) return false;
     const platform::application::WaitCursor wait;
     showPicture(ItemPath(row));
+    seenAt_ = platform::application::inputTime();
     if (!isChosen()) return false;
-    shownRow_ = row;
+    const int before = std::exchange(shownRow_, row);
     ShowInfoLine();
+    expectAround(row, before);
     return true;
 }
 
 namespace {
 
+/// The row so many steps away, from the last one on to the first and back.
+int rowAt(int row, int steps, int count) {
+    return (row - 1 + steps + count) % count + 1;
+}
+
 /// The picture control tells kinds by their lower-case endings; to Windows "A.JPG" is the same file.
-std::string withPlainEnding(const std::string& file) {
+std::string fileToShow(const std::string& file) {
     const std::string ending = platform::path::extension(file);
     const std::string folded = platform::text::foldCase(ending);
     if (folded != ".bmp" && folded != ".jpg") return file;
@@ -100,14 +114,29 @@ std::string withPlainEnding(const std::string& file) {
 void frmStich::showPicture(const std::string& file) {
     tell("");
     shownFile_ = platform::path::fileName(file);
-    kvPictureBox1.LoadPic(withPlainEnding(file));
+    kvPictureBox1.LoadPic(fileToShow(file));
+}
+
+// While the user looks at one picture, the next one in the direction of his steps is decoded, and the one
+// before.
+void frmStich::expectAround(int row, int before) {
+    const int count = set_.sampleCount();
+    if (row != before) browsing_ = before > 0 && count > 2 && row == rowAt(before, -1, count) ? -1 : 1;
+    std::vector<std::string> files;
+    for (const int steps : {browsing_, -browsing_})
+        if (const int next = rowAt(row, steps, count); next != row)
+            files.push_back(fileToShow(ItemPath(next)));
+    kvPictureBox1.Expect(std::move(files));
+    Timer3.setEnabled(kvPictureBox1.FetchOn());
 }
 
 // The line under the picture is there only while it has something to say.
 void frmStich::tell(const std::string& hint) {
-    lblHint.setCaption(hint);
-    if (lblHint.visible() == !hint.empty()) return;
-    lblHint.setVisible(!hint.empty());
+    hint_ = hint;
+    const std::string& line = hint.empty() ? journal_.problem() : hint;
+    lblHint.setCaption(line);
+    if (lblHint.visible() == !line.empty()) return;
+    lblHint.setVisible(!line.empty());
     layOut();
 }
 

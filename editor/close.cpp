@@ -9,20 +9,24 @@ namespace editor {
 namespace message = platform::message;
 
 bool frmStich::Form_QueryUnload() {
+    endAgreed_ = false;
     // What goes on in front of the window ends in good order first.
     if (waiting_) waitGivenUp_ = true;
     if (frmSave_) frmSave_->form.unload();
     if (waiting_ || frmSave_) return false;
     moveRegion();  // a number that is still being typed
-    if (set_.sampleCount() == 0 || set_.unchanged()) return true;
+    if (set_.sampleCount() == 0 || set_.unchanged()) return endAgreed_ = true;
     const int answer = say("Änderungen speichern?", message::yesNoCancel | message::question);
-    if (answer == message::yes) return SaveSetAs(cboSets.text());
-    return answer == message::no;
+    endAgreed_ = answer == message::yes ? SaveSetAs(cboSets.text()) : answer == message::no;
+    return endAgreed_;
 }
 
 void frmStich::Form_Unload() {
     Timer1.setEnabled(false);
     Timer2.setEnabled(false);
+    Timer4.setEnabled(false);
+    // The system may end the session before the question was answered.
+    if (endAgreed_) journal_.forget();
     WriteProp();
     leaveMissingFiles();
 }

@@ -112,7 +112,8 @@ void frmStich::addSamples(const std::vector<int>& sourceRows) {
     set_.reserveSamples(static_cast<std::size_t>(set_.sampleCount()) + sourceRows.size());
     for (const int row : sourceRows) {
         const std::string& name = sourceFiles_[static_cast<std::size_t>(row - 1)].name;
-        if (FindItemByPath(path::join(directory, name)) == -1) set_.addSample(directory, name);
+        const bool isThere = !set_.doubleSelection() && set_.findSample(directory, name) != -1;
+        if (!isThere) set_.addSample(directory, name);
     }
     set_.setUnchanged(false);
     NumberItems();

@@ -1,6 +1,8 @@
 #include "editor/file_list_box.h"
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 #include "platform/path.h"
 #include "platform/text.h"
@@ -10,6 +12,7 @@ namespace editor {
 namespace {
 
 namespace text = platform::text;
+using platform::files::Entry;
 
 /// Endings of a pattern, folded, with their dots; none stands for every ending.
 std::vector<std::string> endings(const std::string& pattern) {
@@ -24,20 +27,29 @@ std::vector<std::string> endings(const std::string& pattern) {
     return result;
 }
 
+std::vector<Entry> sorted(std::vector<Entry> files) {
+    std::vector<std::string_view> names;
+    for (const Entry& file : files) names.push_back(file.name);
+    std::vector<Entry> result;
+    result.reserve(files.size());
+    for (const std::uint32_t place : text::naturalOrder(names)) result.push_back(std::move(files[place]));
+    return result;
+}
+
 }  // namespace
 
 std::vector<platform::files::Entry> FileListBox::read(const std::string& path, const std::string& pattern,
                                                       const platform::files::Continue& goOn) {
     const auto wanted = endings(pattern);
     auto found = platform::files::list(path, goOn);
-    std::erase_if(found, [&](const platform::files::Entry& entry) {
+    std::erase_if(found, [&](const Entry& entry) {
         if (entry.isDirectory) return true;
-        const std::string ending = text::foldCase(platform::path::extension(entry.name));
-        return !wanted.empty() && std::find(wanted.begin(), wanted.end(), ending) == wanted.end();
+        const std::string_view name = entry.name;
+        const std::string_view ending = name.substr(std::min(name.rfind('.'), name.size()));
+        const auto isEnding = [&](const std::string& one) { return text::equalNoCase(one, ending); };
+        return !wanted.empty() && std::none_of(wanted.begin(), wanted.end(), isEnding);
     });
-    std::sort(found.begin(), found.end(),
-              [](const auto& a, const auto& b) { return text::compareNatural(a.name, b.name) < 0; });
-    return found;
+    return sorted(std::move(found));
 }
 
 void FileListBox::setPath(const std::string& path, std::vector<platform::files::Entry> files) {

@@ -28,6 +28,9 @@ constexpr int intervalStep = 100;
 constexpr int intervalPage = 1000;
 constexpr int firstInterval = 1000;
 
+constexpr int keepEvery = 2000;    // milliseconds between two looks at what is not saved
+constexpr int readAheadEvery = 20;  // milliseconds between two looks at what is decoded meanwhile
+
 }  // namespace
 
 std::unique_ptr<shell::EditorWindow> makeWindow(const shell::Environment& environment) {
@@ -106,9 +109,12 @@ frmStich::frmStich(const shell::Environment& environment)
       Datei1("*.bmp;*.jpg"),
       Timer1(form),
       Timer2(form),
+      Timer3(form),
+      Timer4(form),
       kvSubClassing1(form),
       environment_(environment),
-      registry_(environment.registryRoot) {
+      registry_(environment.registryRoot),
+      journal_(environment.journalDirectory) {
     kvBar2.setPosition(430);
     kvBar3.setPosition(360);
     Slider1.setRange(shortestInterval, longestInterval, intervalStep, intervalPage);
@@ -152,6 +158,8 @@ void frmStich::Form_Initialize() {
 
     Timer1.setInterval(50);
     Timer1.setEnabled(true);
+    Timer4.setInterval(environment_.journalDirectory.empty() ? 0 : keepEvery);
+    Timer4.setEnabled(true);
 }
 
 void frmStich::connect() {
@@ -162,6 +170,7 @@ void frmStich::connect() {
         sizeLimits(window, message, wParam, lParam, handled);
     };
     Timer1.onTick = [this] { Timer1_Tick(); };
+    Timer4.onTick = [this] { Timer4_Tick(); };
     kvBar2.onMove = [this] { layOut(); };
     kvBar3.onMove = [this] { layOut(); };
 
@@ -224,6 +233,8 @@ void frmStich::connectPicture() {
     Slider1.onChange = [this] { Slider1_Change(); };
     Slider1.onScroll = [this] { Slider1_Change(); };
     Timer2.onTick = [this] { Timer2_Tick(); };
+    Timer3.setInterval(readAheadEvery);
+    Timer3.onTick = [this] { Timer3.setEnabled(kvPictureBox1.FetchOn()); };
 }
 
 void frmStich::Form_Resize() {

@@ -2,14 +2,18 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "controls/buttonlist/kvButtonList.h"
 #include "controls/picturebox/kvPictureBox.h"
 #include "editor/file_list_box.h"
+#include "editor/journal.h"
 #include "editor/open_set.h"
+#include "editor/set_file.h"
 #include "editor/set_io.h"
 #include "platform/background_task.h"
 #include "platform/basic_controls.h"
@@ -26,6 +30,8 @@
 #include "shell/settings.h"
 
 namespace editor {
+
+struct Reading;
 
 /// The editor's window. Each task of the user has a source file of its own: opening, switching and saving
 /// sets (sets.cpp, load_set.cpp, close.cpp), making one from files (create_set.cpp), its classes
@@ -55,6 +61,7 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     void SearchSets(bool fill) override;
     void cboSets_Change() override;
     void clearSetName() override;
+    void offerLeftSets() override;
     /// Opens a set file, takes what was open before out of the window, and answers how the missing-files
     /// dialog was left (0 when nothing was missing), or 3 when the set was not opened; what was open then
     /// still is.
@@ -106,6 +113,7 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     std::int16_t ItemClasses(int row, int region) const { return set_.classOf(row, region); }
     const OpenSet& set() const { return set_; }
     bool unchanged() const { return set_.unchanged(); }
+    Journal& journal() { return journal_; }
 
     // Controls, in the order of the Tab key --------------------------------------------------------------
     platform::Form form;
@@ -167,7 +175,7 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     platform::Button btnWait;
 
     FileListBox Datei1;
-    platform::Timer Timer1, Timer2;
+    platform::Timer Timer1, Timer2, Timer3, Timer4;
     platform::Subclassing kvSubClassing1;
 
   private:
@@ -213,12 +221,19 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     bool checkTarget(const std::string& name);
     void chooseSet(int index);
     void putChooserBack();
+    bool mayReplace(const std::string& name);
+    bool write(const std::string& file);
     int listedSet(const std::string& name) const;
     std::string setFile(const std::string& name) const;
     void offerSaved(const std::string& name);
     void widenSetList();
 
-    std::int16_t accept(LoadedSet loaded, const std::vector<int>& missing);
+    /// False when the user gave up; what `read` threw comes out here.
+    bool readBeside(const std::shared_ptr<Reading>& reading, const std::function<void(Reading&)>& read);
+    std::int16_t accept(Reading& reading);
+    bool lookForPictures(const PictureFiles& files);
+    void showFirstMeanwhile();
+    void putPictureBack(const std::string& file);
     void takeOver(OpenSet set, const std::vector<RegionRect>& rectangles);
     std::vector<RegionRect> rectangles() const;
     void showFirstItem();
@@ -226,6 +241,13 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     void dropMissing(const std::vector<shell::frmError::Missing>& missing);
     void removeAllRegions();
     void listMissing(const std::vector<int>& rows);
+
+    void Timer4_Tick();
+    std::unique_ptr<JournalFile> offered(const std::function<bool(const SetFile&)>& isMeant);
+    std::unique_ptr<JournalFile> offeredFor(const std::string& file);
+    /// As LoadFile; empty when what was left cannot be understood.
+    std::optional<std::int16_t> restore(std::unique_ptr<JournalFile> left);
+    void setAside(JournalFile& left);
 
     void showClasses();
     void describeClass();
@@ -262,8 +284,9 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     void removeSamples(const std::vector<int>& rows);
 
     void label(int row, std::int16_t classIndex);
-    void labelSeen(std::int16_t classIndex);
+    bool pressIsUnseen() const;
     bool showItem(int row);
+    void expectAround(int row, int before);
     void showPicture(const std::string& path);
     void tell(const std::string& hint);
     void Toolbar1_ButtonClick(const std::string& key);
@@ -289,6 +312,8 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     const shell::Environment& environment_;
     platform::Registry registry_;
     OpenSet set_;
+    SetFile openFile_;  // of the set that is open
+    Journal journal_;   // of what is not saved of it
     std::unique_ptr<shell::frmError> frmError_;
     shell::frmSave* frmSave_ = nullptr;  // while regions are cut out
 
@@ -307,11 +332,16 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     std::vector<platform::files::Entry> sourceFiles_;  // rows of ListView1, as they are sorted now
     int sourceShift_ = 0;  // Shift argument of the last mouse-down while the button is held
     bool sortDescending_ = false;
+    bool endAgreed_ = false;  // the user may be gone without having been asked
+    bool accepting_ = false;  // while what set_ holds may still be refused
     bool waiting_ = false;  // for something that goes on beside the window
     bool waitGivenUp_ = false;
     bool showingItem_ = false;  // while a picture is on its way to the screen
+    std::string hint_;          // told last
     std::string shownFile_;     // name of the picture asked for last, as it is spelled
     int shownRow_ = 0;          // the item whose picture is seen, 0 for none
+    std::uint32_t seenAt_ = 0;  // when its picture came to the screen, on the clock of the presses
+    int browsing_ = 1;          // the direction in which the user steps through the items: 1 or -1
     bool showRuns_ = false;     // the slide show, also while its timer waits for a picture
     int layoutTicks_ = 0;
     int iconSize_ = 0;  // pixels, of the icons that are in use

@@ -268,9 +268,8 @@ void frmStich::makeIcons() {
     if (size == iconSize_) return;
     iconSize_ = size;
     Toolbar1.setImages(toolbarImages(size));
-    ListView1.setIcons(pictureIcons(size));
-    ListView2.setIcons(pictureIcons(size));
-    lvCItems.setIcons(pictureIcons(size));
+    const auto icons = pictureIcons(size);
+    for (platform::ListView* list : {&ListView1, &ListView2, &lvCItems}) list->setIcons(icons);
 }
 
 }  // namespace editor

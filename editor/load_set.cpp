@@ -1,10 +1,13 @@
 // Opening a set file, and what becomes of pictures that are not where it says.
 #include <algorithm>
 #include <exception>
+#include <memory>
 #include <new>
 
 #include "editor/frmStich.h"
 #include "editor/mListView.h"
+#include "editor/reading.h"
+#include "platform/application.h"
 #include "platform/dialogs.h"
 #include "platform/errors.h"
 
@@ -14,24 +17,40 @@ namespace message = platform::message;
 
 namespace {
 
-/// What is read beside the window; the thread that reads holds it, too.
-struct Reading {
-    LoadedSet loaded;
-    std::vector<int> missing;
+constexpr const char* readingSet = "Die Stichprobe wird gelesen und ihre Bilder gesucht ...";
+
+/// Says so as long as it lives.
+class Flagged {
+  public:
+    explicit Flagged(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Flagged() { flag_ = false; }
+    Flagged(const Flagged&) = delete;
+    Flagged& operator=(const Flagged&) = delete;
+
+  private:
+    bool& flag_;
 };
 
 }  // namespace
 
+bool frmStich::readBeside(const std::shared_ptr<Reading>& reading,
+                          const std::function<void(Reading&)>& read) {
+    platform::BackgroundTask task([reading, read](auto&) {
+        read(*reading);
+        reading->pictures = PictureFiles(reading->loaded.set);
+    });
+    return waitFor(readingSet, task);
+}
+
 std::int16_t frmStich::LoadFile(const std::string& path) {
+    if (auto left = offeredFor(path)) {
+        if (const auto result = restore(std::move(left))) return *result;
+    }
     const auto reading = std::make_shared<Reading>();
+    reading->file.path = path;
     try {
-        platform::BackgroundTask task(
-            [reading, path, base = dataDirectory_, fileNames = environment_.fileNames](auto& progress) {
-                reading->loaded = readSet(path, base);
-                reading->missing = missingSamples(reading->loaded.set, fileNames, progress);
-            });
-        if (!waitFor("Die Stichprobe wird gelesen und ihre Bilder gesucht ...", task))
-            return shell::notOpened;
+        const auto read = [base = dataDirectory_](Reading& it) { it.loaded = it.file.read(base); };
+        if (!readBeside(reading, read)) return shell::notOpened;
     } catch (const std::bad_alloc&) {
         say("Die Stichprobe kann nicht geöffnet werden.\r\nDer Arbeitsspeicher reicht nicht aus.",
             message::exclamation);
@@ -41,10 +60,12 @@ std::int16_t frmStich::LoadFile(const std::string& path) {
             message::exclamation);
         return shell::notOpened;
     }
-    return accept(std::move(reading->loaded), reading->missing);
+    return accept(*reading);
 }
 
-std::int16_t frmStich::accept(LoadedSet loaded, const std::vector<int>& missing) {
+std::int16_t frmStich::accept(Reading& reading) {
+    LoadedSet& loaded = reading.loaded;
+    const std::string previousPicture = kvPictureBox1.FileName();
     const auto previousRectangles = rectangles();
     const int previousRow = mListView::GetSelectedIndex(lvCItems);
     const int previousRegion = cboROI.listIndex();
@@ -52,17 +73,61 @@ std::int16_t frmStich::accept(LoadedSet loaded, const std::vector<int>& missing)
 
     takeOver(std::move(loaded.set), loaded.rectangles);
     if (loaded.strayAssignments > 0) set_.setUnchanged(false);
-    listMissing(missing);
-    const std::int16_t result = CheckItems();
+    const std::int16_t result = lookForPictures(reading.pictures) ? CheckItems() : shell::notOpened;
     if (result == shell::notOpened) {
         takeOver(std::move(previous), previousRectangles);
         cboROI.setListIndex(previousRegion);
-        if (previousRow > 0) GoToItem(previousRow);
+        if (previousRow > 0)
+            GoToItem(previousRow);
+        else
+            putPictureBack(previousPicture);
         return result;
     }
+    journal_.forget();  // saved or given up
+    openFile_ = reading.file;
     if (loaded.strayAssignments > 0) tellStray(loaded.strayAssignments);
-    if (result == shell::frmError::closed) showFirstItem();
+    if (result == shell::frmError::closed && shownRow_ == 0) showFirstItem();
     return result;
+}
+
+// In a large folder this takes long: meanwhile the first picture is shown. False when the user gave up.
+bool frmStich::lookForPictures(const PictureFiles& files) {
+    const Flagged accepting(accepting_);
+    const auto missing = std::make_shared<std::vector<int>>();
+    platform::BackgroundTask search([missing, files, fileNames = environment_.fileNames](auto& progress) {
+        *missing = files.missing(fileNames, progress);
+    });
+    Timer2.setEnabled(false);
+    bool searched = false;
+    platform::application::guard([&] {
+        showFirstMeanwhile();
+        searched = waitFor(readingSet, search) && form.loaded();
+    });
+    if (form.loaded()) Timer2.setEnabled(showRuns_);
+    if (searched) listMissing(*missing);
+    return searched;
+}
+
+// The set is not accepted yet: what the user did with the window meanwhile was meant for the one before.
+void frmStich::showFirstMeanwhile() {
+    if (set_.sampleCount() == 0 || !FileExists(ItemPath(1))) return;
+    platform::application::doEventsFor(fraWait);
+    GoToItem(1);
+    form.update();
+}
+
+// No item was chosen: either a file of the source directory was seen, or nothing yet.
+void frmStich::putPictureBack(const std::string& file) {
+    if (!file.empty()) {
+        showPicture(file);
+    } else if (!kvPictureBox1.FileName().empty()) {
+        kvPictureBox1.FileName("");
+        kvPictureBox1.Picture(nullptr);
+        kvPictureBox1.Refresh();
+        SetPicSize(0, 0, 0, 0);
+        shownFile_.clear();
+    }
+    ShowInfoLine();
 }
 
 void frmStich::tellStray(int count) {

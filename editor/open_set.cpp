@@ -1,7 +1,6 @@
 #include "editor/open_set.h"
 
 #include <algorithm>
-#include <functional>
 
 #include "platform/path.h"
 #include "platform/text.h"
@@ -19,9 +18,41 @@ int findName(const Rows& rows, std::string_view name, int except) {
     return 0;
 }
 
-std::size_t pathHash(std::string_view path) {
-    return std::hash<std::string>{}(platform::text::foldCase(path));
+/// A directory without the separators at its end, which make no difference to a path.
+std::string_view bare(std::string_view directory) {
+    while (!directory.empty() && (directory.back() == '\\' || directory.back() == '/'))
+        directory.remove_suffix(1);
+    return directory;
 }
+
+/// Equal for texts that differ in case only.
+std::uint32_t foldedHash(std::string_view text) {
+    const bool ascii = platform::text::isAscii(text);
+    const std::string folded = ascii ? std::string() : platform::text::foldCase(text);
+    std::uint32_t hash = 2166136261;
+    for (const char c : ascii ? text : folded) {
+        const bool capital = c >= 'A' && c <= 'Z';
+        hash = (hash ^ static_cast<unsigned char>(capital ? c + 32 : c)) * 16777619;
+    }
+    return hash;
+}
+
+/// Neighbours nearly always lie in one directory: its own hash is not to be made anew for each.
+class PathHash {
+  public:
+    std::uint32_t of(std::string_view directory, std::string_view name) {
+        if (directory != directory_) {
+            directory_ = directory;
+            directoryHash_ = foldedHash(bare(directory)) * 31;
+        }
+        const std::uint32_t mixed = directoryHash_ + foldedHash(name);
+        return mixed ^ mixed >> 15;
+    }
+
+  private:
+    std::string_view directory_;
+    std::uint32_t directoryHash_ = foldedHash({}) * 31;
+};
 
 /// Takes the elements at the given rows (ascending, from 1) out of a column in one pass.
 template <class T>
@@ -64,7 +95,7 @@ int OpenSet::addSample(std::string_view directory, std::string_view name) {
     names_.emplace_back(name);
     directoryOf_.push_back(number);
     for (auto& column : classOf_) column.push_back(static_cast<std::int16_t>(standardClass_));
-    unchanged_ = false;
+    changed();
     return sampleCount();
 }
 
@@ -74,13 +105,13 @@ void OpenSet::removeSamples(const std::vector<int>& rows) {
     removeRows(directoryOf_, rows);
     for (auto& column : classOf_) removeRows(column, rows);
     forgetIndex();
-    unchanged_ = false;
+    changed();
 }
 
 std::vector<int> OpenSet::duplicates() const {
     std::vector<int> later;
     for (int row = 1; row <= sampleCount(); ++row) {
-        if (findSample(samplePath(row)) < row) later.push_back(row);
+        if (findSample(sampleDirectory(row), sampleName(row)) < row) later.push_back(row);
     }
     return later;
 }
@@ -88,18 +119,24 @@ std::vector<int> OpenSet::duplicates() const {
 void OpenSet::movedTo(int row, std::string_view directory) {
     directoryOf_[at(row)] = directoryNumber(directory);
     forgetIndex();
-    unchanged_ = false;
+    changed();
 }
 
 void OpenSet::assign(int row, int region, std::int16_t classIndex) {
     classOf_[static_cast<std::size_t>(region)][at(row)] = classIndex;
+    changed();
+}
+
+void OpenSet::label(int row, int region, std::int16_t classIndex) {
+    classOf_[static_cast<std::size_t>(region)][at(row)] = classIndex;
+    labels_.push_back({row, static_cast<std::int16_t>(region), classIndex});
     unchanged_ = false;
 }
 
 void OpenSet::assignAll(int region, std::int16_t classIndex) {
     auto& column = classOf_[static_cast<std::size_t>(region)];
     std::fill(column.begin(), column.end(), classIndex);
-    unchanged_ = false;
+    changed();
 }
 
 void OpenSet::forgetIndex() const {
@@ -107,24 +144,33 @@ void OpenSet::forgetIndex() const {
     indexed_ = 0;
 }
 
-// Only the first row of a path: thousands of equal ones would all be compared for each look-up.
-void OpenSet::indexSample(int row) const {
-    const std::string path = samplePath(row);
-    const auto [first, last] = index_.equal_range(pathHash(path));
-    const bool isThere = std::any_of(first, last, [&](const auto& entry) {
-        return platform::text::equalNoCase(samplePath(entry.second), path);
+int OpenSet::lookUp(std::uint32_t hash, std::string_view directory, std::string_view name) const {
+    return index_.find(hash, [&](int row) {
+        return platform::text::equalNoCase(sampleName(row), name) &&
+               platform::text::equalNoCase(bare(sampleDirectory(row)), bare(directory));
     });
-    if (!isThere) index_.emplace(pathHash(path), row);
+}
+
+// Only the first row of a path: thousands of equal ones would all be compared for each look-up.
+void OpenSet::indexUpTo(int row) const {
+    if (indexed_ == 0) index_.reserve(std::max(names_.capacity(), names_.size()));
+    PathHash hashes;
+    while (indexed_ < row) {
+        const int next = ++indexed_;
+        const std::uint32_t hash = hashes.of(sampleDirectory(next), sampleName(next));
+        if (lookUp(hash, sampleDirectory(next), sampleName(next)) == 0) index_.add(hash, next);
+    }
 }
 
 int OpenSet::findSample(std::string_view path) const {
-    if (index_.empty()) index_.reserve(names_.size());
-    while (indexed_ < sampleCount()) indexSample(++indexed_);
-    const auto [first, last] = index_.equal_range(pathHash(path));
-    const auto found = std::find_if(first, last, [&](const auto& entry) {
-        return platform::text::equalNoCase(samplePath(entry.second), path);
-    });
-    return found == last ? -1 : found->second;
+    const std::size_t cut = path.find_last_of("\\/") + 1;
+    return findSample(path.substr(0, cut), path.substr(cut));
+}
+
+int OpenSet::findSample(std::string_view directory, std::string_view name) const {
+    indexUpTo(sampleCount());
+    const int row = lookUp(PathHash().of(directory, name), directory, name);
+    return row == 0 ? -1 : row;
 }
 
 int OpenSet::findClass(std::string_view name, int except) const {
@@ -136,17 +182,17 @@ int OpenSet::findRegion(std::string_view name, int except) const {
 
 void OpenSet::addClass(std::string_view name, std::string_view description) {
     classes_.push_back({std::string(name), std::string(description)});
-    unchanged_ = false;
+    changed();
 }
 
 void OpenSet::renameClass(int row, std::string_view name) {
     classes_[at(row)].name = name;
-    unchanged_ = false;
+    changed();
 }
 
 void OpenSet::describeClass(int row, std::string_view description) {
     classes_[at(row)].description = description;
-    unchanged_ = false;
+    changed();
 }
 
 void OpenSet::removeClass(int row, int standardAfterwards) {
@@ -163,39 +209,39 @@ void OpenSet::removeClass(int row, int standardAfterwards) {
             }
         }
     }
-    unchanged_ = false;
+    changed();
 }
 
 void OpenSet::setStandardClass(int classIndex) {
     standardClass_ = classIndex;
-    unchanged_ = false;
+    changed();
 }
 
 void OpenSet::addRegion(std::string_view name, std::string_view description) {
     regions_.push_back({std::string(name), std::string(description)});
     classOf_.emplace_back(names_.size(), std::int16_t{0});
-    unchanged_ = false;
+    changed();
 }
 
 void OpenSet::renameRegion(int row, std::string_view name) {
     regions_[at(row)].name = name;
-    unchanged_ = false;
+    changed();
 }
 
 void OpenSet::describeRegion(int row, std::string_view description) {
     regions_[at(row)].description = description;
-    unchanged_ = false;
+    changed();
 }
 
 void OpenSet::removeRegion(int row) {
     regions_.erase(regions_.begin() + row - 1);
     classOf_.erase(classOf_.begin() + row);
-    unchanged_ = false;
+    changed();
 }
 
 void OpenSet::setDoubleSelection(bool on) {
     doubleSelection_ = on;
-    unchanged_ = false;
+    changed();
 }
 
 }  // namespace editor

@@ -5,6 +5,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "editor/row_index.h"
+
 namespace editor {
 
 /// A region's rectangle: left, top, width and height in picture pixels.
@@ -52,8 +54,11 @@ class OpenSet {
     void movedTo(int row, std::string_view directory);
     void assign(int row, int region, std::int16_t classIndex);
     void assignAll(int region, std::int16_t classIndex);
+    /// As `assign`; remembered for whoever keeps a copy.
+    void label(int row, int region, std::int16_t classIndex);
     /// The first row with this path (case does not count), -1 when there is none. Looks it up in an index.
     int findSample(std::string_view path) const;
+    int findSample(std::string_view directory, std::string_view name) const;
 
     // Classes -------------------------------------------------------------------------------------------
     int classCount() const { return static_cast<int>(classes_.size()); }
@@ -81,19 +86,38 @@ class OpenSet {
     void renameRegion(int row, std::string_view name);
     void describeRegion(int row, std::string_view description);
     void removeRegion(int row);
-    void regionMoved() { unchanged_ = false; }
+    void regionMoved() { unchanged_ = false; }  ///< by the picture control, who has the rectangles
 
     // Options -------------------------------------------------------------------------------------------
     bool doubleSelection() const { return doubleSelection_; }
     void setDoubleSelection(bool on);
 
+    // For whoever keeps a copy of it -----------------------------------------------------------------------
+    struct Label {
+        int row;
+        std::int16_t region, classIndex;
+    };
+    /// Another number after every change but those by `label` and `regionMoved`.
+    std::uint64_t edits() const { return edits_; }
+    /// In the order in which they were given, since they were last forgotten.
+    const std::vector<Label>& labels() const { return labels_; }
+    void forgetLabels() { labels_.clear(); }
+
   private:
     static std::size_t at(int row) { return static_cast<std::size_t>(row - 1); }
     std::uint32_t directoryNumber(std::string_view directory);
     void forgetIndex() const;
-    void indexSample(int row) const;
+    int lookUp(std::uint32_t hash, std::string_view directory, std::string_view name) const;
+    void indexUpTo(int row) const;
+
+    void changed() {
+        unchanged_ = false;
+        ++edits_;
+    }
 
     bool unchanged_ = true;
+    std::uint64_t edits_ = 0;
+    std::vector<Label> labels_;
     bool doubleSelection_ = false;
     int standardClass_ = 0;
     std::vector<Class> classes_;
@@ -105,9 +129,9 @@ class OpenSet {
     std::unordered_map<std::string, std::uint32_t> directoryNumbers_;
     std::vector<std::vector<std::int16_t>> classOf_{1};  // a column per region chooser entry
 
-    // Hash of the folded path to the first row of it; made by the first look-up, kept up to date by additions and dropped
-    // by what renumbers rows.
-    mutable std::unordered_multimap<std::size_t, int> index_;
+    // The first row of each path by the hash of its folded directory and name; made by the first look-up, kept
+    // up to date by additions and dropped by what renumbers rows.
+    mutable RowIndex index_;
     mutable int indexed_ = 0;
 };
 

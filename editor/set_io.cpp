@@ -119,8 +119,11 @@ void readAssignments(Source& source, const set_file::Counts& counts, LoadedSet& 
     NumberKey number;
     for (int region = 0; region < counts.rois; ++region) {
         const std::string section = set_file::regionSection(region);
+        const auto* entries = source.file.section(section);
         for (int n = 1; n <= counts.items; ++n) {
-            const std::int32_t stored = source.number(section, number.of(n));
+            const auto value = entries == nullptr ? std::nullopt : entries->find(n);
+            const auto plain = value ? text::parseInt32(*value) : std::nullopt;
+            const std::int32_t stored = plain ? *plain : source.number(section, number.of(n));
             const bool known = stored >= 1 && stored <= counts.classes;
             if (!known) ++loaded.strayAssignments;
             const int classIndex = known ? stored - 1 : loaded.set.standardClass();
@@ -213,42 +216,65 @@ void writeSet(const std::string& fileName, const std::string& appPath, const Ope
     file.flush();
 }
 
-namespace {
-
-/// Rows by directory, in the order in which the directories first appear.
-std::vector<std::pair<const std::string*, std::vector<int>>> rowsByDirectory(const OpenSet& set) {
-    std::vector<std::pair<const std::string*, std::vector<int>>> groups;
-    std::unordered_map<const std::string*, std::size_t> places;
-    for (int row = 1; row <= set.sampleCount(); ++row) {
+PictureFiles::PictureFiles(const OpenSet& set) : count_(set.sampleCount()) {
+    std::unordered_map<const std::string*, std::size_t> places;  // the set keeps each directory once
+    const std::string* last = nullptr;
+    std::size_t place = 0;
+    for (int row = 1; row <= count_; ++row) {
         const std::string& directory = set.sampleDirectory(row);
-        const auto [place, isNew] = places.try_emplace(&directory, groups.size());
-        if (isNew) groups.push_back({&directory, {}});
-        groups[place->second].second.push_back(row);
+        if (&directory != last) {
+            last = &directory;
+            const auto [found, isNew] = places.try_emplace(last, directories_.size());
+            if (isNew) directories_.push_back({.path = directory, .rows = {}, .ends = {}, .names = {}});
+            place = found->second;
+        }
+        directories_[place].add(row, set.sampleName(row));
     }
-    return groups;
 }
 
-}  // namespace
+void PictureFiles::Directory::add(int row, std::string_view name) {
+    rows.push_back(row);
+    names += name;
+    ends.push_back(static_cast<std::uint32_t>(names.size()));
+}
 
-std::vector<int> missingSamples(const OpenSet& set, const FileNames& fileNames,
-                                platform::BackgroundTask::Progress& progress) {
+std::string_view PictureFiles::Directory::name(std::size_t index) const {
+    const std::size_t start = index == 0 ? 0 : ends[index - 1];
+    return std::string_view(names).substr(start, ends[index] - start);
+}
+
+void PictureFiles::Directory::findMissing(const std::vector<std::string>& there,
+                                          std::vector<int>& missing) const {
+    auto next = there.begin();  // samples mostly follow each other as the names do
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const std::string folded = text::foldCase(name(i));
+        if (next == there.end() || *next != folded)
+            next = std::lower_bound(there.begin(), there.end(), folded);
+        if (next != there.end() && *next == folded) {
+            ++next;
+            continue;
+        }
+        // Old programs stored short names, which no listing tells.
+        const bool isShort = name(i).find('~') != std::string_view::npos;
+        if (!isShort || !platform::files::fileExists(platform::path::join(path, name(i))))
+            missing.push_back(rows[i]);
+    }
+}
+
+std::vector<int> PictureFiles::missing(const FileNames& fileNames,
+                                       platform::BackgroundTask::Progress& progress) const {
     std::vector<int> missing;
-    progress.total = set.sampleCount();
+    progress.total = count_;
     int before = 0;
-    for (const auto& [directory, rows] : rowsByDirectory(set)) {
-        const auto size = static_cast<int>(rows.size());
+    for (const Directory& directory : directories_) {
+        const auto size = static_cast<int>(directory.rows.size());
         // Listing takes the time; it is as good as done when as many names have come as are looked for.
-        const auto there = fileNames(*directory, [&](std::size_t entries) {
+        const auto there = fileNames(directory.path, [&](std::size_t entries) {
             progress.done = before + std::min(size, static_cast<int>(entries));
             return !progress.cancelled;
         });
         if (progress.cancelled) return missing;
-        std::copy_if(rows.begin(), rows.end(), std::back_inserter(missing), [&](int row) {
-            const std::string& name = set.sampleName(row);
-            if (std::binary_search(there.begin(), there.end(), text::foldCase(name))) return false;
-            // Old programs stored short names, which no listing tells.
-            return name.find('~') == std::string::npos || !platform::files::fileExists(set.samplePath(row));
-        });
+        directory.findMissing(there, missing);
         progress.done = before += size;
     }
     std::sort(missing.begin(), missing.end());

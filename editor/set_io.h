@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "editor/open_set.h"
@@ -30,9 +32,31 @@ void writeSet(const std::string& fileName, const std::string& appPath, const Ope
 /// Names of the files of a directory, folded and sorted (platform::files::foldedFileNames).
 using FileNames = std::function<std::vector<std::string>(std::string_view directory,
                                                          const platform::files::Continue& goOn)>;
-/// Rows of the samples whose files do not exist, ascending. Every directory is listed once. Tells the number
-/// of samples done; when it is cancelled the answer is worth nothing.
-std::vector<int> missingSamples(const OpenSet& set, const FileNames& fileNames,
-                                platform::BackgroundTask::Progress& progress);
+
+/// The files of a set's samples, to be looked for beside the window, where the set itself may change
+/// meanwhile.
+class PictureFiles {
+  public:
+    PictureFiles() = default;
+    explicit PictureFiles(const OpenSet& set);
+
+    /// Rows of the samples whose files do not exist, ascending. Every directory is listed once. Tells the
+    /// number of samples done; when it is cancelled the answer is worth nothing.
+    std::vector<int> missing(const FileNames& fileNames, platform::BackgroundTask::Progress& progress) const;
+
+  private:
+    struct Directory {
+        std::string path;
+        std::vector<int> rows;            // ascending
+        std::vector<std::uint32_t> ends;  // of their names in the text that holds all of them
+        std::string names;
+
+        void add(int row, std::string_view name);
+        std::string_view name(std::size_t index) const;
+        void findMissing(const std::vector<std::string>& there, std::vector<int>& missing) const;
+    };
+    std::vector<Directory> directories_;  // in the order in which they first appear
+    int count_ = 0;
+};
 
 }  // namespace editor

@@ -123,6 +123,16 @@ bool frmStich::leaveSet(const std::string& name) {
     return true;
 }
 
+// The usual question is for a file that one knows; of what others did to it meanwhile it says nothing.
+bool frmStich::mayReplace(const std::string& name) {
+    if (!text::equalNoCase(setFile(name), openFile_.path) || !openFile_.isReplaced()) return true;
+    const int answer = say("Die Datei \"" + name + shell::setExtension +
+                               "\" wurde von anderer Seite geändert, seit sie hier gelesen oder gespeichert "
+                               "wurde.\r\nDiese Änderungen gehen verloren, wenn Sie jetzt speichern.",
+                           message::okCancel | message::exclamation | message::defaultButton2);
+    return answer == message::ok;
+}
+
 bool frmStich::checkTarget(const std::string& name) {
     if (!path::isValidFileName(name + shell::setExtension) || name.back() == ' ' || name.back() == '.') {
         say("Der Name \"" + name +
@@ -134,6 +144,7 @@ bool frmStich::checkTarget(const std::string& name) {
     }
     try {
         files::createDirectories(setsDirectory_);
+        SearchSets(false);
     } catch (const platform::RuntimeError& failure) {
         say(failure.description(), message::exclamation);
         return false;
@@ -151,8 +162,7 @@ bool frmStich::SaveSetAs(const std::string& name) {
         say("Sie haben keine Dateien ausgewählt!", message::exclamation);
         return false;
     }
-    SearchSets(false);
-    if (!checkTarget(name)) return false;
+    if (!checkTarget(name) || !mayReplace(name)) return false;
     const bool isThere = std::any_of(setNames_.begin(), setNames_.end(),
                                      [&](const auto& known) { return text::equalNoCase(known, name); });
     if (isThere) {
@@ -161,15 +171,25 @@ bool frmStich::SaveSetAs(const std::string& name) {
                                message::okCancel | message::question);
         if (answer != message::ok) return false;
     }
+    if (!write(setFile(name))) return false;
+    offerSaved(name);
+    NotifySuite();
+    return true;
+}
+
+bool frmStich::write(const std::string& file) {
+    const auto before = files::version(file);
     try {
-        writeSet(setFile(name), dataDirectory_, set_, rectangles());
+        writeSet(file, dataDirectory_, set_, rectangles());
     } catch (const platform::RuntimeError& failure) {
+        // A disk that fails may have taken the file all the same; it is ours then.
+        if (const auto now = files::version(file); now != before) openFile_ = {file, now};
         say("Die Stichprobe konnte nicht gespeichert werden.\r\n" + failure.description(),
             message::exclamation);
         return false;
     }
-    offerSaved(name);
-    NotifySuite();
+    openFile_ = {file, files::version(file)};
+    journal_.forget();
     return true;
 }
 

@@ -3,6 +3,7 @@
 
 #include "editor/frmStich.h"
 #include "platform/dialogs.h"
+#include "platform/errors.h"
 
 namespace editor {
 
@@ -49,8 +50,13 @@ void frmStich::ReadProp() {
     if (!text.empty()) say(text, platform::message::exclamation);
 }
 
+// The window is being left: what cannot be stored is told, once, and keeps nobody.
 void frmStich::WriteProp() {
-    shell::WriteProp(registry_, settings());
+    try {
+        shell::WriteProp(registry_, settings());
+    } catch (const platform::RuntimeError& failure) {
+        say(failure.description(), platform::message::exclamation);
+    }
 }
 
 }  // namespace editor

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace platform {
@@ -21,12 +23,33 @@ void doEvents();
 /// is seen now. True when Escape was pressed.
 bool doEventsFor(Container& only);
 
+/// A press of a mouse button or a key that is being handled now.
+struct Press {
+    enum class Kind {
+        single,
+        second,   ///< the second half of a double click
+        held,     ///< sent again and again while the key is down
+    };
+    std::uint32_t time;   ///< when it began, on the clock of inputTime()
+    Kind kind;
+};
+/// None when what is being handled does not come from the user.
+std::optional<Press> currentPress();
+
+/// The clock that presses are timed by: milliseconds, it wraps around and may go in steps.
+std::uint32_t inputTime();
+inline constexpr int inputTimeStep = 16;   ///< the largest of these steps, milliseconds
+
 /// Calls a handler at the edge of an event: a RuntimeError (or any other exception) that leaves it becomes
 /// a message box with the active form's caption.
 void guard(const std::function<void()>& handler);
 
 /// Calls `action` from the message loop, after the messages that are pending now. Dropped when `form` goes.
 void post(Form& form, std::function<void()> action);
+
+/// The folder in which programs keep what belongs to the user on this machine, without a backslash at its
+/// end. Empty when the system knows none.
+std::string userFolder();
 
 /// Starts a program with a normal, focused window and does not wait for it. RuntimeError fileNotFound or
 /// fileError.

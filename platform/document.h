@@ -118,6 +118,8 @@ class ProfileFile {
     std::string read(std::string_view section, std::string_view key, std::string_view whenAbsent);
     /// The same without a copy; valid until the next `flush`.
     std::string_view peek(std::string_view section, std::string_view key, std::string_view whenAbsent);
+    /// A section whose entries are read by the thousand; null when there is none. Valid as long.
+    const ProfileDocument::Section* section(std::string_view name);
     /// Lines of the file: no count in it can honestly be greater.
     std::size_t lineCount();
 

@@ -13,6 +13,10 @@ std::string_view ProfileFile::peek(std::string_view section, std::string_view ke
     return found == nullptr ? whenAbsent : found->find(key).value_or(whenAbsent);
 }
 
+const ProfileDocument::Section* ProfileFile::section(std::string_view name) {
+    return document().findSection(name);
+}
+
 std::string ProfileFile::read(std::string_view section, std::string_view key, std::string_view whenAbsent) {
     return std::string(peek(section, key, whenAbsent));
 }

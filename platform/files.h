@@ -50,8 +50,10 @@ std::string read(std::string_view path);
 std::string readAt(std::string_view path, std::uint64_t offset, std::size_t count);
 
 /// The new content in one step: written beside the target, flushed to the disk, and put in its place, so
-/// that at any moment either the old file or the new one is there, whole. The directory must exist.
-/// On an error (RuntimeError fileError) the old file stays and nothing is left beside it.
+/// that at any moment either the old file or the new one is there, whole. The directory must exist; a file
+/// that is write-protected stays. On an error (RuntimeError fileError) one of them is there, the old one
+/// unless the network kept the answer to itself. What the content was written to is removed; where not even
+/// that is possible, or the process dies, a later replacement in that directory does it, after a day.
 void replace(std::string_view path, std::string_view content);
 
 void remove(std::string_view path);   ///< nothing happens when it is not there

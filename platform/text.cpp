@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <numeric>
 
 #include "platform/errors.h"
 #include "platform/text_tables.h"
@@ -262,6 +263,58 @@ int compareNatural(std::string_view a, std::string_view b) {
     }
     if (i < a.size() || j < b.size()) return i < a.size() ? 1 : -1;
     return marks != 0 ? marks : zeros;
+}
+
+namespace {
+
+/// Bytes that stand in the order of the text's letters and numbers. A number is a digit, as letters see it,
+/// its length without leading zeros, and its digits.
+void appendNaturalKey(std::string& key, std::string_view text) {
+    for (std::size_t i = 0; i < text.size();) {
+        if (isDigit(text[i])) {
+            std::string_view digits = digitsAt(text, i);
+            i += digits.size();
+            digits.remove_prefix(std::min(digits.find_first_not_of('0'), digits.size()));
+            key += '0';
+            // In as many bytes for all, the highest first.
+            for (int shift = 24; shift >= 0; shift -= 8)
+                key += static_cast<char>(digits.size() >> shift & 0xFF);
+            key += digits;
+        } else if (static_cast<signed char>(text[i]) >= 0) {
+            key += foldAscii(text[i++]);
+        } else {
+            append(key, sortLetter(foldedAt(text, i)));
+        }
+    }
+}
+
+}  // namespace
+
+std::vector<std::uint32_t> naturalOrder(const std::vector<std::string_view>& texts) {
+    std::vector<std::uint32_t> order(texts.size());
+    std::iota(order.begin(), order.end(), 0U);
+    const auto equalKeysBefore = [&](std::uint32_t a, std::uint32_t b) {
+        const int natural = compareNatural(texts[a], texts[b]);
+        return natural != 0 ? natural < 0 : a < b;
+    };
+    if (std::is_sorted(order.begin(), order.end(), equalKeysBefore))
+        return order;  // as most folders are listed
+
+    std::string keys;  // one behind the other: a text of its own for each would cost more than the sorting
+    std::vector<std::size_t> starts;
+    for (const std::string_view text : texts) {
+        starts.push_back(keys.size());
+        appendNaturalKey(keys, text);
+    }
+    starts.push_back(keys.size());
+    const auto key = [&](std::uint32_t i) {
+        return std::string_view(keys).substr(starts[i], starts[i + 1] - starts[i]);
+    };
+    std::sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
+        const int difference = key(a).compare(key(b));
+        return difference != 0 ? difference < 0 : equalKeysBefore(a, b);
+    });
+    return order;
 }
 
 std::optional<std::int32_t> parseInt32(std::string_view text) {

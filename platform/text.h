@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// Text is UTF-8 in std::string. UTF-16 that is not well formed (Windows allows such file names) is kept
 /// by writing lone surrogates as three bytes each, so that every name survives the way there and back.
@@ -29,6 +30,9 @@ bool equalNoCase(std::string_view a, std::string_view b);
 /// The order people expect of numbered names: digits count as numbers ("bild2" before "bild10"),
 /// case does not count. Returns less than, equal to or greater than 0.
 int compareNatural(std::string_view a, std::string_view b);
+/// The places (from 0) of many texts in that order, equal ones in the order in which they stand: much quicker
+/// than comparing them as often as sorting does.
+std::vector<std::uint32_t> naturalOrder(const std::vector<std::string_view>& texts);
 
 /// A decimal whole number with an optional sign and blanks around it; anything else, and anything that
 /// does not fit, is empty.

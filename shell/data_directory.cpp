@@ -1,5 +1,6 @@
 #include "shell/data_directory.h"
 
+#include "platform/errors.h"
 #include "platform/files.h"
 #include "platform/path.h"
 
@@ -19,8 +20,13 @@ std::string below(const std::string& directory, const char* name) {
     return path::withBackslash(path::join(directory, name));
 }
 
+// Where settings cannot be written the program finds out again next time, and works all the same.
 void useProgramDirectory(platform::Registry& registry) {
-    registry.write("", dataPathKey, programsOwn);
+    try {
+        registry.write("", dataPathKey, programsOwn);
+    } catch (const platform::RuntimeError&) {
+        return;
+    }
 }
 
 }  // namespace

@@ -37,6 +37,8 @@ class EditorWindow {
     virtual std::int16_t LoadFile(const std::string& path) = 0;
     virtual void cboSets_Change() = 0;
     virtual void clearSetName() = 0;
+    /// No set was opened: offers what was not saved of sets that have no file.
+    virtual void offerLeftSets() = 0;
 };
 
 /// LoadFile's answer for a set that was not opened, be it that it could not be read or that the user gave

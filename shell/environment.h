@@ -15,6 +15,8 @@ struct Environment {
     /// How the files of a directory are learned; called on a thread of its own.
     std::function<std::vector<std::string>(std::string_view directory, const platform::files::Continue& goOn)>
         fileNames = platform::files::foldedFileNames;
+    /// Where changes that are not saved are kept in case the program breaks down; empty keeps none.
+    std::string journalDirectory{};
 };
 
 }  // namespace shell

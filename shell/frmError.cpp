@@ -8,6 +8,7 @@
 #include "platform/path.h"
 #include "platform/text.h"
 #include "shell/data_directory.h"
+#include "shell/settings.h"
 
 namespace shell {
 
@@ -67,8 +68,7 @@ void frmError::Form_Load() {
 }
 
 void frmError::Form_Unload() {
-    registry_.write(section, windowKey, form.placement());
-    registry_.write(section, listKey, ListView1.layout());
+    writeValues(registry_, section, {{windowKey, form.placement()}, {listKey, ListView1.layout()}});
 }
 
 void frmError::Form_Resize() {

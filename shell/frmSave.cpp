@@ -23,6 +23,7 @@ constexpr std::array<const char*, 4> rectangleElements{"0", "1", "4", "5"};  // 
 constexpr const char* readFile = "Rfile://";
 constexpr const char* writeFile = "Wfile://";
 constexpr const char* probeName = "~Ausschnitt.tmp";
+constexpr std::size_t probeSize = 65536;  // an empty file finds a place on a full disk, too
 
 /// True as long as it lives.
 class Raised {
@@ -175,8 +176,10 @@ bool frmSave::targetCanBeWritten() {
     try {
         files::createDirectories(targetDirectory_);
         std::string probe = platform::path::join(targetDirectory_, probeName);
-        while (files::exists(probe)) probe += '~';
-        files::replace(probe, "");
+        // One of that size is what is left of a probe that could not be removed.
+        while (files::exists(probe) && files::version(probe).value_or(files::Version{}).size != probeSize)
+            probe += '~';
+        files::replace(probe, std::string(probeSize, '~'));
         files::remove(probe);
         return true;
     } catch (const platform::RuntimeError& failure) {

@@ -47,20 +47,25 @@ bool start(EditorWindow& editor, const Environment& environment, const std::stri
     // Without a place for sets the editor can still be used on one from elsewhere.
     platform::application::guard([&] { platform::files::createDirectories(directories.sets); });
     editor.useDirectories(directories);
+    editor.window().show();  // reading what follows may take long: a share, a large folder, a large set
+    editor.window().show();  // reading what follows may take long: a share, a large folder, a large set
     platform::application::guard([&] { editor.SearchSets(true); });
     platform::application::guard([&] { editor.browse(directories.sets); });
 
-    if (!commandLine.empty() && platform::files::fileExists(commandLine)) {
+    const bool isNamed = !commandLine.empty() && platform::files::fileExists(commandLine);
+    if (isNamed) {
         if (editor.LoadFile(platform::files::fullPath(commandLine)) == notOpened) return false;
         editor.cboSets_Change();
         editor.clearSetName();
     }
-    editor.window().show();
+    if (!isNamed) editor.offerLeftSets();
     return true;
 }
 
 int Main(const std::string& commandLine) {
-    const Environment environment{.programDirectory = platform::files::programDirectory()};
+    const std::string own = platform::application::userFolder();
+    const Environment environment{.programDirectory = platform::files::programDirectory(),
+                                  .journalDirectory = own.empty() ? own : own + "\\Stich\\Journal"};
     const auto editor = editor::makeWindow(environment);
     int result = 0;
     platform::application::guard([&] {

@@ -1,7 +1,9 @@
 #include "shell/settings.h"
 
+#include <optional>
 #include <variant>
 
+#include "platform/errors.h"
 #include "platform/text.h"
 
 namespace shell {
@@ -45,17 +47,31 @@ std::vector<std::string> ReadProp(platform::Registry& registry, EditorSettings& 
     return problems;
 }
 
+void writeValues(platform::Registry& registry, const std::string& place, const Values& values) {
+    std::optional<platform::RuntimeError> refusal;
+    for (const auto& [key, text] : values) {
+        try {
+            registry.write(place, key, text);
+        } catch (const platform::RuntimeError& error) {
+            if (!refusal) refusal = error;
+        }
+    }
+    if (refusal) throw platform::RuntimeError(*refusal);
+}
+
 void WriteProp(platform::Registry& registry, const EditorSettings& settings) {
+    Values values;
     for (const Setting& setting : settingTable) {
         if (const auto* text = std::get_if<std::string EditorSettings::*>(&setting.member)) {
-            registry.write(section, setting.key, settings.*(*text));
+            values.emplace_back(setting.key, settings.*(*text));
         } else {
-            registry.write(section, setting.key,
-                           std::to_string(settings.*std::get<int EditorSettings::*>(setting.member)));
+            values.emplace_back(setting.key,
+                                std::to_string(settings.*std::get<int EditorSettings::*>(setting.member)));
         }
     }
     for (std::size_t i = 0; i < settings.lists.size(); ++i)
-        registry.write(section, listKeys[i], settings.lists[i]);
+        values.emplace_back(listKeys[i], settings.lists[i]);
+    writeValues(registry, section, values);
 }
 
 }  // namespace shell

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/registry.h"
@@ -23,7 +24,13 @@ struct EditorSettings {
 /// default. A number that is none leaves it too, and is told in the result: a German line for each.
 std::vector<std::string> ReadProp(platform::Registry& registry, EditorSettings& settings);
 
-/// Stores all of it. RuntimeError when the system refuses.
+/// Keys of one section with their texts, in the order in which they are stored.
+using Values = std::vector<std::pair<std::string, std::string>>;
+/// Stores them. A value that the system refuses does not keep the others out; RuntimeError, at the end, with
+/// the first refusal.
+void writeValues(platform::Registry& registry, const std::string& section, const Values& values);
+
+/// Stores all of it, as `writeValues` does.
 void WriteProp(platform::Registry& registry, const EditorSettings& settings);
 
 }  // namespace shell

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <numeric>
 
 #include "benchmarks/window/measure.h"
 #include "kernel/script_kernel.h"
@@ -62,9 +61,9 @@ class Kernel {
 };
 
 /// Decodes the picture and writes files as long as the kernel's, as safely as it does.
-class Floor {
+class DecodeAndWrite {
   public:
-    Floor(std::string target, const Kernel& kernel) : target_(std::move(target)) {
+    DecodeAndWrite(std::string target, const Kernel& kernel) : target_(std::move(target)) {
         for (std::size_t i = 0; i < regions.size(); ++i)
             contents_.push_back(platform::files::read(kernel.targetOf(i)));
     }
@@ -84,7 +83,7 @@ void measureKind(const char* kind, const std::string& folder, const std::vector<
                  int pictures) {
     Kernel kernel(folder + "\\cut");
     kernel.cut(files.back());
-    Floor floor(folder + "\\floor", kernel);
+    DecodeAndWrite floor(folder + "\\floor", kernel);
     std::vector<double> cutTimes, floorTimes;
     for (int i = 0; i < pictures; ++i) {
         const std::string& file = files[static_cast<std::size_t>(i) % files.size()];
@@ -93,14 +92,13 @@ void measureKind(const char* kind, const std::string& folder, const std::vector<
         cutTimes.push_back(milliseconds([&] { kernel.cut(file); }));
         if (i % 2 == 1) measureFloor();
     }
-    const auto sum = [](const std::vector<double>& times) {
-        return std::accumulate(times.begin(), times.end(), 0.0);
-    };
-    report((std::string("decode a ") + kind + " of 1920 x 1080 and write 3 files").c_str(), floorTimes);
-    char note[96];
-    std::snprintf(note, sizeof note, "%d pictures, %d distinct; %.2f times decoding once and writing",
-                  pictures, static_cast<int>(files.size()), sum(cutTimes) / sum(floorTimes));
-    report((std::string("cut 3 regions out of a ") + kind + " of 1920 x 1080").c_str(), cutTimes, note);
+    const Floor decodingAndWriting =
+        report({.name = std::string("floor: decode a ") + kind + " of 1920 x 1080 and write 3 files",
+                .values = floorTimes});
+    report({.name = std::string("cut 3 regions out of a ") + kind + " of 1920 x 1080",
+            .values = cutTimes,
+            .floor = decodingAndWriting,
+            .note = std::to_string(pictures) + " pictures, " + std::to_string(files.size()) + " distinct"});
 }
 
 }  // namespace
@@ -116,7 +114,7 @@ void cutting(const std::string& folder) {
                                      return surfaceColour(i, x, y);
                                  }));
     }
-    measureKind("JPEG", place, photos, 1000);
+    measureKind("JPEG", place, photos, 300);
     measureKind("bitmap", place, bitmaps, 200);
 }
 

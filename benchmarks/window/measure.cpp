@@ -1,17 +1,14 @@
 #include "benchmarks/window/measure.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 
 namespace measure {
 
-using Clock = std::chrono::steady_clock;
-
 double milliseconds(const std::function<void()>& action) {
-    const auto begin = Clock::now();
+    const Stopwatch clock;
     action();
-    return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
+    return clock.milliseconds();
 }
 
 std::vector<double> repeated(int count, const std::function<void()>& action) {
@@ -20,17 +17,32 @@ std::vector<double> repeated(int count, const std::function<void()>& action) {
     return times;
 }
 
-double percentile(std::vector<double> times, double share) {
-    std::sort(times.begin(), times.end());
-    return times[static_cast<std::size_t>(share * static_cast<double>(times.size() - 1) + 0.5)];
+double percentile(std::vector<double> values, double share) {
+    std::sort(values.begin(), values.end());
+    return values[static_cast<std::size_t>(share * static_cast<double>(values.size() - 1) + 0.5)];
 }
 
-double report(const char* name, const std::vector<double>& times, const std::string& note) {
-    const double median = percentile(times, 0.5);
-    std::printf("{\"name\": \"%s\", \"median_ms\": %.3f, \"p95_ms\": %.3f, \"note\": \"%s\"}\n", name, median,
-                percentile(times, 0.95), note.c_str());
+Floor report(const Row& row) {
+    const double median = percentile(row.values, 0.5);
+    std::printf(R"({"name": "%s", "unit": "%s", "median": %.3f, "p95": %.3f)", row.name.c_str(),
+                row.unit.c_str(), median, percentile(row.values, 0.95));
+    if (row.target.median > 0) std::printf(R"(, "target": %g)", row.target.median);
+    if (row.target.p95 > 0) std::printf(R"(, "target_p95": %g)", row.target.p95);
+    if (row.floor.median > 0)
+        std::printf(R"(, "floor": "%s", "ratio": %.3f)", row.floor.name.c_str(), median / row.floor.median);
+    std::printf(R"(, "note": "%s"})"
+                "\n",
+                row.note.c_str());
     std::fflush(stdout);
-    return median;
+    return {row.name, median};
+}
+
+Floor report(const char* name, const std::vector<double>& times, const std::string& note) {
+    Row row;
+    row.name = name;
+    row.values = times;
+    row.note = note;
+    return report(row);
 }
 
 }  // namespace measure

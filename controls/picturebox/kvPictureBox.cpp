@@ -134,6 +134,7 @@ void kvPictureBox::Clear() {
 }
 
 void kvPictureBox::Picture(const PictureObject& picture) {
+    shown_.reset();
     buffer_.assign(picture.get());
     changed("Picture");
 }

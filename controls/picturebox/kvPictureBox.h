@@ -3,10 +3,13 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "controls/picturebox/drag_state.h"
 #include "controls/picturebox/picture_buffer.h"
+#include "controls/picturebox/picture_store.h"
 #include "controls/picturebox/region_list.h"
 #include "controls/picturebox/view_geometry.h"
 #include "controls/property_bag.h"
@@ -48,6 +51,16 @@ class kvPictureBox : public platform::UserControl {
     ///
     /// When another picture is asked for while the messages are handled, that one stays.
     void LoadPic(std::string FileName);
+    /// The files that LoadPic will probably be asked for next, the likeliest first. They are decoded beside
+    /// the window, as far as there is room, and LoadPic then has them at once; a file that has changed since
+    /// is decoded anew. A wrong guess costs nothing.
+    void Expect(std::vector<std::string> FileNames);
+    /// What of it is still expected; a file that could not be decoded is not.
+    const std::vector<std::string>& Expected() const { return store_.expected(); }
+    /// To be called now and then while it answers true: begins with the next of the expected files when the
+    /// one before is ready.
+    bool FetchOn() { return store_.fetchOn(); }
+
     /// The name asked for last. Setting it stores it and loads nothing.
     std::string FileName() const { return fileName_; }
     void FileName(const std::string& FileName);
@@ -160,7 +173,14 @@ class kvPictureBox : public platform::UserControl {
     void paintOneToOne(platform::Canvas& canvas) const;
 
     // loading.cpp
+    /// The file whose picture the buffer holds.
+    struct ShownFile {
+        std::string fileName;
+        platform::files::Version version;
+        PictureFacts facts;
+    };
     void loadFile();
+    void loaded(ShownFile file);
     void failed(const std::string& reason);
 
     // regions.cpp
@@ -195,6 +215,8 @@ class kvPictureBox : public platform::UserControl {
     platform::ScrollBar HScroll1;
     platform::ScrollBar VScroll1;
     PictureBuffer buffer_;
+    std::optional<ShownFile> shown_;  // empty when the buffer holds something else
+    PictureStore store_;
     RegionList regions_;
     DragState drag_;
     std::string fileName_;

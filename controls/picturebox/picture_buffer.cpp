@@ -27,9 +27,7 @@ PictureBuffer::PictureBuffer() : surface_(Size{margins, margins}) {
 
 void PictureBuffer::resize(Size picture) {
     if (picture == picture_) return;  // fresh memory costs more than the decoder needs for a small picture
-    const std::int64_t pixels =
-        (std::int64_t{picture.width} + margins) * (std::int64_t{picture.height} + margins);
-    if (pixels > mostPixels)
+    if (bytesOf(picture) / 4 > mostPixels)
         throw RuntimeError(platform::error::badPicture, "Das Bild ist zu groß (" +
                                                             std::to_string(picture.width) + " x " +
                                                             std::to_string(picture.height) + " Pixel).");

@@ -19,6 +19,12 @@ class PictureBuffer {
 
     PictureBuffer();
 
+    /// Memory that a picture of that size takes, in bytes.
+    static std::int64_t bytesOf(platform::Size picture) {
+        return (std::int64_t{picture.width} + margins) * (std::int64_t{picture.height} + margins) * 4;
+    }
+    std::int64_t bytes() const { return bytesOf(picture_); }
+
     platform::Size picture() const { return picture_; }
     const platform::Surface& surface() const { return surface_; }
     /// Whether the last file that was to be decoded could be.

@@ -12,6 +12,18 @@ constexpr int mostStrayBytes = 65536;
 
 constexpr std::uint16_t startOfImage = 0xFFD8;
 
+// Before so much room is made for a picture that it could be missed, its file is asked whether it is long
+// enough.
+constexpr std::int64_t manyPixels = std::int64_t{1} << 24;
+
+constexpr std::int64_t pixelsOf(platform::Size size) {
+    return std::int64_t{size.width} * size.height;
+}
+
+bool isAtLeast(HeaderBytes& file, std::int64_t bytes) {
+    return file.byte(static_cast<std::uint64_t>(bytes) - 1).has_value();
+}
+
 constexpr bool isFrame(std::uint8_t marker) {
     // C4, C8 and CC lie in the frames' range but are tables.
     return marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
@@ -59,7 +71,11 @@ class JpegSegments {
         if (!length || !precision || !height || !width || !components) return std::nullopt;
         if (*precision == 0 || *height == 0 || *width == 0 || *components == 0) return std::nullopt;
         if (*length < 8 + 3 * *components) return std::nullopt;
-        return PictureHeader{{*width, *height}, *components * *precision};
+        // A block of 8 x 8 pixels takes a bit at least.
+        const platform::Size size{*width, *height};
+        if (pixelsOf(size) > manyPixels && !isAtLeast(file_, pixelsOf(size) / (8 * 8 * 8)))
+            return std::nullopt;
+        return PictureHeader{size, *components * *precision};
     }
 
   private:
@@ -84,10 +100,11 @@ std::optional<PictureHeader> readJpegHeader(HeaderBytes& file) {
 
 namespace {
 
-constexpr std::uint16_t bitmapMagic = 0x4D42;  // "BM"
-constexpr std::uint32_t coreHeader = 12;       // OS/2 1: sizes of 16 bits
-constexpr std::uint32_t shortestHeader = 16;   // OS/2 2, cut off behind the bits per pixel
-constexpr std::uint32_t longestHeader = 124;   // Windows, version 5
+constexpr std::uint16_t bitmapMagic = 0x4D42;      // "BM"
+constexpr std::uint32_t coreHeader = 12;           // OS/2 1: sizes of 16 bits
+constexpr std::uint32_t shortestHeader = 16;       // OS/2 2, cut off behind the bits per pixel
+constexpr std::uint32_t longestHeader = 124;       // Windows, version 5
+constexpr std::uint32_t runsOf8 = 1, runsOf4 = 2;  // ways to pack rows, so that a file may be of any length
 
 std::optional<PictureHeader> readCoreHeader(HeaderBytes& file) {
     const auto width = file.little16(18);
@@ -105,7 +122,12 @@ std::optional<PictureHeader> readInfoHeader(HeaderBytes& file) {
     const auto width = static_cast<std::int32_t>(*storedWidth);
     const auto height = static_cast<std::int32_t>(*storedHeight);  // negative: rows from the top
     if (width <= 0 || height == 0 || height == std::numeric_limits<std::int32_t>::min()) return std::nullopt;
-    return PictureHeader{{width, height < 0 ? -height : height}, *bits};
+    const platform::Size size{width, height < 0 ? -height : height};
+    const auto compression = file.little32(30);
+    const bool packed = compression == runsOf8 || compression == runsOf4;
+    // A pixel takes a bit at least.
+    if (pixelsOf(size) > manyPixels && !packed && !isAtLeast(file, pixelsOf(size) / 8)) return std::nullopt;
+    return PictureHeader{size, *bits};
 }
 
 }  // namespace

@@ -16,11 +16,12 @@ struct PictureHeader {
 };
 
 /// Empty when the file is no JPEG or its size cannot be found: cut off or damaged before the frame header,
-/// or a frame without width or height.
+/// or a frame without width or height. Empty, too, for a large picture whose file is too short for it.
 std::optional<PictureHeader> readJpegHeader(HeaderBytes& file);
 
 /// Windows bitmaps of all header versions and those of OS/2, bottom up or top down. Empty when the file is
-/// none of them, is cut off, or gives a width or height that no picture has.
+/// none of them, is cut off, or gives a width or height that no picture has, or a large one for which
+/// the file is too short.
 std::optional<PictureHeader> readBitmapHeader(HeaderBytes& file);
 
 /// The kind is told by the file's first bytes, whatever its name says.

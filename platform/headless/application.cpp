@@ -1,6 +1,7 @@
 #include "platform/application.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <new>
 
 #include "platform/dialogs.h"
@@ -54,6 +55,15 @@ bool doEventsFor(Container&) {
     return false;
 }
 
+// Whoever acts here acts at once.
+std::optional<Press> currentPress() {
+    return std::nullopt;
+}
+
+std::uint32_t inputTime() {
+    return static_cast<std::uint32_t>(Desk::instance().now());
+}
+
 void guard(const std::function<void()>& handler) {
     headless::raise(handler);
 }
@@ -63,6 +73,11 @@ void post(Form& form, std::function<void()> action) {
 }
 
 // There is nothing here that could run a program of Windows; that it can be found is all there is to tell.
+std::string userFolder() {
+    const char* home = std::getenv("HOME");
+    return home == nullptr ? std::string() : files::fullPath(std::string(home) + "/.local/share");
+}
+
 void start(const std::string& program) {
     if (!files::fileExists(program))
         throw RuntimeError(error::fileNotFound, "Datei nicht gefunden: " + program);

@@ -7,14 +7,16 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cerrno>
 #include <cstdlib>
 #include <memory>
 #include <system_error>
 
+#include "platform/file_calls.h"
 #include "platform/file_errors.h"
+#include "platform/headless/file_path.h"
 #include "platform/path.h"
+#include "platform/temporary_files.h"
 #include "platform/text.h"
 
 namespace platform::files {
@@ -43,6 +45,29 @@ struct CloseDirectory {
     void operator()(DIR* directory) const { ::closedir(directory); }
 };
 using Directory = std::unique_ptr<DIR, CloseDirectory>;
+
+int codeOf(Fault fault) {
+    switch (fault) {
+        case Fault::noSpace:
+            return ENOSPC;
+        case Fault::accessDenied:
+            return EACCES;
+        case Fault::crash:
+            return ECANCELED;
+        default:
+            return EIO;
+    }
+}
+
+/// Makes a call of the system, unless it is to fail; `make` answers whether it went well.
+template <class Make>
+bool attempt(Fault fault, Make make) {
+    if (fault == Fault::none || fault == Fault::cutShort) [[likely]]
+        return make();
+    if (fault == Fault::replyLost) make();
+    errno = codeOf(fault);
+    return false;
+}
 
 std::string reasonOf(int code) {
     return std::generic_category().message(code);
@@ -74,6 +99,8 @@ std::string spelling(const std::string& directory, const std::string& name) {
     return {};
 }
 
+}  // namespace
+
 /// Where the file is: as it is spelled, else component by component without case. What is not there keeps the
 /// spelling that was given, below the part that is.
 std::string systemPath(std::string_view path) {
@@ -93,6 +120,8 @@ std::string systemPath(std::string_view path) {
     return found;
 }
 
+namespace {
+
 std::optional<struct stat> status(std::string_view path) {
     struct stat info {};
     if (::stat(systemPath(path).c_str(), &info) != 0) return std::nullopt;
@@ -103,8 +132,12 @@ std::optional<struct stat> status(std::string_view path) {
 /// until it answers false.
 template <class Visit>
 bool visitDirectory(const std::string& plain, Visit visit) {
-    const Directory opened(::opendir(plain.c_str()));
-    if (!opened) return false;
+    Directory opened;
+    if (!attempt(faultAt(Call::list), [&] {
+            opened.reset(::opendir(plain.c_str()));
+            return opened != nullptr;
+        }))
+        return false;
     while (const dirent* entry = ::readdir(opened.get())) {
         const std::string_view name = entry->d_name;
         const bool isOurs = name != "." && name != ".." && name.find('\\') == std::string_view::npos;
@@ -130,7 +163,9 @@ bool readInto(int file, std::string& content, std::size_t count) {
             const std::size_t room = content.capacity() - done;
             content.resize(done + std::min({count - done, piece, room == 0 ? piece : room}));
         }
-        const ssize_t got = ::read(file, content.data() + done, content.size() - done);
+        ssize_t got = -1;
+        attempt(faultAt(Call::read),
+                [&] { return (got = ::read(file, content.data() + done, content.size() - done)) >= 0; });
         if (got < 0 && errno == EINTR) continue;
         if (got <= 0) {
             content.resize(done);
@@ -141,14 +176,38 @@ bool readInto(int file, std::string& content, std::size_t count) {
     return true;
 }
 
+int openToRead(std::string_view path) {
+    int file = -1;
+    attempt(faultAt(Call::open),
+            [&] { return (file = ::open(systemPath(path).c_str(), O_RDONLY | O_CLOEXEC)) >= 0; });
+    return file;
+}
+
 bool writeAll(int file, std::string_view content) {
     while (!content.empty()) {
-        const ssize_t written = ::write(file, content.data(), content.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) return false;
+        const Fault fault = faultAt(Call::write);
+        const std::size_t part = fault == Fault::cutShort ? (content.size() + 1) / 2 : content.size();
+        ssize_t written = 0;
+        if (!attempt(fault, [&] { return (written = ::write(file, content.data(), part)) >= 0; })) {
+            if (errno == EINTR) continue;
+            return false;
+        }
+        if (written == 0) {  // it would go on for ever
+            errno = EIO;
+            return false;
+        }
         content.remove_prefix(static_cast<std::size_t>(written));
     }
-    return ::fsync(file) == 0;
+    return attempt(faultAt(Call::flush), [&] { return ::fsync(file) == 0; });
+}
+
+bool closeWritten(Descriptor& file) {
+    const bool closed = file.close();
+    return attempt(faultAt(Call::close), [&] { return closed; });
+}
+
+bool deleteFile(const std::string& plain) {
+    return attempt(faultAt(Call::remove), [&] { return ::unlink(plain.c_str()) == 0; });
 }
 
 std::string parentOf(const std::string& plain) {
@@ -157,20 +216,59 @@ std::string parentOf(const std::string& plain) {
     return last == 0 ? "/" : plain.substr(0, last);
 }
 
-/// The new name itself must reach the disk too.
-void flushDirectory(const std::string& plain) {
+/// The new name itself must reach the disk too. Some file systems cannot be asked for that.
+bool flushDirectory(const std::string& plain) {
     const Descriptor directory(::open(plain.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (directory) ::fsync(directory.get());
+    return !directory || attempt(faultAt(Call::flushDirectory), [&] {
+        return ::fsync(directory.get()) == 0 || errno == EINVAL || errno == ENOTSUP;
+    });
 }
 
-/// Writes `content` to a new file that gets the old one's rights. 0, or the number of the error.
-int writeNew(const std::string& plain, std::string_view content, const std::string& old) {
-    Descriptor file(::open(plain.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-    if (!file) return errno;
+/// A new file in that directory, and its name. One that is taken belongs to somebody else.
+int createTemporary(const std::string& directory, std::string& name) {
+    static constexpr int mostTaken = 1000;
+    for (int taken = 0;; ++taken) {
+        name = directory + "/" + temporaryFileName(static_cast<std::uint32_t>(::getpid()));
+        int file = -1;
+        const bool created = attempt(faultAt(Call::create), [&] {
+            return (file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666)) >= 0;
+        });
+        if (created) return file;
+        const int code = errno;
+        Descriptor(file).close();
+        errno = code;
+        if (code != EEXIST || taken == mostTaken) return -1;
+    }
+}
+
+/// The new file gets the old one's rights.
+bool takeRights(int file, const std::string& old) {
     struct stat info {};
-    if (::stat(old.c_str(), &info) == 0 && ::fchmod(file.get(), info.st_mode & 07777) != 0) return errno;
-    if (!writeAll(file.get(), content) || !file.close()) return errno;
-    return 0;
+    return ::stat(old.c_str(), &info) != 0 || ::fchmod(file, info.st_mode & 07777) == 0;
+}
+
+bool isProtected(const std::string& plain) {
+    struct stat info {};
+    return ::stat(plain.c_str(), &info) == 0 && (info.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
+}
+
+bool moveOver(const std::string& source, const std::string& target) {
+    return attempt(faultAt(Call::rename), [&] { return ::rename(source.c_str(), target.c_str()) == 0; });
+}
+
+/// Removes what dead processes left beside a file that was written just now, if that can be done.
+void removeAbandoned(const std::string& directory, const std::string& written) {
+    struct stat now {};
+    if (!firstTimeIn(directory) || ::stat(written.c_str(), &now) != 0) return;
+    visitDirectory(directory, [&](int parent, const dirent& entry) {
+        struct stat info {};
+        const bool isAbandoned = isTemporaryFileName(entry.d_name) &&
+                                 ::fstatat(parent, entry.d_name, &info, AT_SYMLINK_NOFOLLOW) == 0 &&
+                                 S_ISREG(info.st_mode) &&
+                                 now.st_mtime - info.st_mtime > abandonedAfterSeconds;
+        if (isAbandoned) deleteFile(directory + "/" + entry.d_name);
+        return true;
+    });
 }
 
 }  // namespace
@@ -223,13 +321,14 @@ void createDirectories(std::string_view directory) {
     if (directory.empty() || directoryExists(directory)) return;
     const std::string parent = path::directory(directory);
     if (parent != directory) createDirectories(parent);
-    if (::mkdir(systemPath(directory).c_str(), 0777) == 0) return;
+    const std::string plain = systemPath(directory);
+    if (attempt(faultAt(Call::createDirectory), [&] { return ::mkdir(plain.c_str(), 0777) == 0; })) return;
     const int code = errno;
     if (!directoryExists(directory)) throw cannotCreate(directory, reasonOf(code));
 }
 
 std::string read(std::string_view path) {
-    const Descriptor file(::open(systemPath(path).c_str(), O_RDONLY | O_CLOEXEC));
+    const Descriptor file(openToRead(path));
     if (!file) throw cannotRead(path, isMissing(errno), reasonOf(errno));
     struct stat info {};
     const bool sized = ::fstat(file.get(), &info) == 0 && S_ISREG(info.st_mode);
@@ -241,7 +340,7 @@ std::string read(std::string_view path) {
 }
 
 std::string readAt(std::string_view path, std::uint64_t offset, std::size_t count) {
-    const Descriptor file(::open(systemPath(path).c_str(), O_RDONLY | O_CLOEXEC));
+    const Descriptor file(openToRead(path));
     std::string content;
     content.reserve(std::min(count, piece));
     if (file && ::lseek(file.get(), static_cast<off_t>(offset), SEEK_SET) >= 0)
@@ -250,24 +349,25 @@ std::string readAt(std::string_view path, std::uint64_t offset, std::size_t coun
 }
 
 void replace(std::string_view path, std::string_view content) {
-    static std::atomic<unsigned> counter = 0;
     const std::string target = systemPath(path);
     const std::string parent = parentOf(target);
-    const std::string temporary =
-        parent + "/~kv" + std::to_string(::getpid()) + "-" + std::to_string(++counter) + ".tmp";
-    int code = writeNew(temporary, content, target);
-    if (code == EEXIST) throw cannotWrite(path, reasonOf(code));  // not ours
-    if (code == 0 && ::rename(temporary.c_str(), target.c_str()) != 0) code = errno;
-    if (code != 0) {
-        ::unlink(temporary.c_str());
-        throw cannotWrite(path, reasonOf(code));
+    if (isProtected(target)) throw cannotWrite(path, reasonOf(EACCES));
+    std::string temporary;
+    Descriptor file(createTemporary(parent, temporary));
+    if (!file) throw cannotWrite(path, reasonOf(errno));
+    if (takeRights(file.get(), target) && writeAll(file.get(), content) && closeWritten(file) &&
+        moveOver(temporary, target)) {
+        if (!flushDirectory(parent)) throw cannotWrite(path, reasonOf(errno));
+        return removeAbandoned(parent, target);
     }
-    flushDirectory(parent);
+    const int code = errno;
+    file.close();
+    deleteFile(temporary);
+    throw cannotWrite(path, reasonOf(code));
 }
 
 void remove(std::string_view path) {
-    if (::unlink(systemPath(path).c_str()) != 0 && !isMissing(errno))
-        throw cannotRemove(path, reasonOf(errno));
+    if (!deleteFile(systemPath(path)) && !isMissing(errno)) throw cannotRemove(path, reasonOf(errno));
 }
 
 std::string fullPath(std::string_view path) {

@@ -3,6 +3,8 @@
 #include <map>
 #include <utility>
 
+#include "platform/errors.h"
+#include "platform/file_calls.h"
 #include "platform/text.h"
 
 namespace platform {
@@ -36,7 +38,12 @@ std::optional<std::string> Registry::read(const std::string& section, const std:
 }
 
 void Registry::write(const std::string& section, const std::string& key, const std::string& value) {
-    store()[native_->root][{text::foldCase(section), text::foldCase(key)}] = value;
+    using files::Fault;
+    const Fault fault = files::faultAt(files::Call::setValue);
+    if (fault == Fault::none || fault == Fault::replyLost)
+        store()[native_->root][{text::foldCase(section), text::foldCase(key)}] = value;
+    if (fault != Fault::none)
+        throw RuntimeError(error::fileError, "Die Einstellungen können nicht geschrieben werden: Testfehler");
 }
 
 void Registry::removeAll() {

@@ -7,6 +7,7 @@
 
 #include "platform/dialogs.h"
 #include "platform/errors.h"
+#include "platform/path.h"
 #include "platform/win32/failure.h"
 #include "platform/win32/form_window.h"
 #include "platform/win32/loop.h"
@@ -72,6 +73,13 @@ void guard(const std::function<void()>& handler) {
 
 void post(Form& form, std::function<void()> action) {
     static_cast<win32::FormWindow&>(form.native()).post(std::move(action));
+}
+
+// As the environment tells it, which the system sets for every program of the user.
+std::string userFolder() {
+    std::wstring folder(32768, L'\0');  // no variable is longer
+    folder.resize(GetEnvironmentVariableW(L"LOCALAPPDATA", folder.data(), static_cast<DWORD>(folder.size())));
+    return folder.empty() ? std::string() : path::normalise(narrow(folder));
 }
 
 void start(const std::string& program) {

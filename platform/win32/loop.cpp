@@ -1,10 +1,12 @@
 #include "platform/win32/loop.h"
 
 #include "platform/win32/keyboard.h"
+#include "platform/win32/press.h"
 
 namespace platform::win32 {
 
 void dispatch(const MSG& message) {
+    const PressScope press(message);
     if (keyboard::translate(message)) return;
     TranslateMessage(&message);
     DispatchMessageW(&message);

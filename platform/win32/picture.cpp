@@ -1,77 +1,74 @@
 #include "platform/picture.h"
 
 #include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <new>
 
+#include "platform/bitmap_file.h"
 #include "platform/errors.h"
 #include "platform/files.h"
+#include "platform/jpeg_file.h"
 #include "platform/win32/picture_decoders.h"
 
 namespace platform {
 
 namespace {
 
+[[noreturn]] void refuse(const std::string& reason) {
+    throw RuntimeError(error::badPicture, "Das Bild ist nicht lesbar: " + reason);
+}
+
+constexpr const char* outOfMemory = "der Arbeitsspeicher reicht nicht aus";
+
+/// More than the largest picture takes without being compressed; the rest of such a file is something else.
+constexpr std::uint64_t longestFile = std::uint64_t{1} << 30;
+
 /// The content of the file; what cannot be read is a bad picture too.
 std::string contentOf(std::string_view fileName) {
+    const auto version = files::version(fileName);
+    if (version && version->size > longestFile) refuse("die Datei ist zu groß");
+    std::string content;
     try {
-        return files::read(fileName);
+        content = files::read(fileName);
     } catch (const RuntimeError& error) {
         throw RuntimeError(error::badPicture, error.description());
     }
+    // Wine's decoder reckons the bytes of a JPEG in 32 bits and would write behind what it made room for.
+    const Size size = jpeg_file::size(content).value_or(Size{});
+    if (std::int64_t{size.width} * size.height > Raster::mostPixels) refuse("die Größe ist ungültig");
+    return content;
 }
 
-std::uint32_t numberAt(const std::string& content, std::size_t offset) {
-    std::uint32_t number = 0;
-    if (content.size() >= offset + sizeof number)
-        std::memcpy(&number, content.data() + offset, sizeof number);
-    return number;
-}
-
-/// An uncompressed bitmap whose pixels end before its header says so. The older loader would show whatever
-/// lies in memory behind them.
-bool isCutOffBitmap(const std::string& content) {
-    constexpr std::uint32_t informationHeader = 40;
-    if (!content.starts_with("BM") || numberAt(content, 14) < informationHeader) return false;
-    constexpr std::uint32_t uncompressed = 0, masked = 3;
-    const std::uint32_t compression = numberAt(content, 30);
-    if (compression != uncompressed && compression != masked) return false;
-    // Any numbers may stand in a header, so nothing is multiplied that could be larger than 64 bits.
-    const auto magnitude = [&](std::size_t offset) {
-        return std::abs(static_cast<std::int64_t>(static_cast<std::int32_t>(numberAt(content, offset))));
-    };
-    const std::int64_t bitsPerPixel = numberAt(content, 28) & 0xFFFF;
-    const std::int64_t bytesPerRow = (magnitude(18) * bitsPerPixel + 31) / 32 * 4;
-    const std::int64_t present = static_cast<std::int64_t>(content.size()) - numberAt(content, 10);
-    return present < 0 || (bytesPerRow > 0 && magnitude(22) > present / bytesPerRow);
-}
-
-[[noreturn]] void refuse(const std::string& reason) {
-    throw RuntimeError(error::badPicture, "Das Bild ist nicht lesbar: " + reason);
+/// The older loader believes a bitmap's header.
+bool mayGoToOlderLoader(const std::string& content) {
+    return !bitmap_file::isBitmap(content) || bitmap_file::isWhole(content);
 }
 
 }  // namespace
 
 // Read as a whole: decoders that read the file themselves do it in many small steps.
-Size decodePicture(std::string_view fileName, Surface& target, Rect area) {
+Size decodePicture(std::string_view fileName, Surface& target, Rect area) try {
     const std::string content = contentOf(fileName);
     Size size{};
     const std::string refused = win32::decodeByImagingComponent(content, target, area, size);
-    if (refused.empty()) return size;
-    if (!isCutOffBitmap(content) && win32::decodeByPictureLoader(content, target, area, size)) return size;
+    if (refused.empty() ||
+        (mayGoToOlderLoader(content) && win32::decodeByPictureLoader(content, target, area, size)))
+        return size;
     refuse(refused);
+} catch (const std::bad_alloc&) {
+    refuse(outOfMemory);
 }
 
 Raster readRaster(std::string_view fileName) try {
     const std::string content = contentOf(fileName);
-    if (isCutOffBitmap(content)) refuse("die Datei ist unvollständig");  // before room is made for its pixels
+    if (bitmap_file::isCutOff(content))
+        refuse("die Datei ist unvollständig");  // before room is made for its pixels
     Raster raster;
     const std::string refused = win32::readByImagingComponent(content, raster);
-    if (!refused.empty() && !win32::readByPictureLoader(content, raster)) refuse(refused);
-    return raster;
+    if (refused.empty() || (mayGoToOlderLoader(content) && win32::readByPictureLoader(content, raster)))
+        return raster;
+    refuse(refused);
 } catch (const std::bad_alloc&) {
-    refuse("der Arbeitsspeicher reicht nicht aus");
+    refuse(outOfMemory);
 }
 
 namespace win32 {

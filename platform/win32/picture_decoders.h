@@ -12,7 +12,8 @@ namespace platform::win32 {
 std::string decodeByImagingComponent(const std::string& content, Surface& target, Rect area, Size& size);
 std::string readByImagingComponent(const std::string& content, Raster& raster);
 
-/// The older loader of OLE, which takes some bitmaps that the other refuses. False when it refused too.
+/// The older loader of OLE, which takes some bitmaps that the other refuses. It believes a bitmap's
+/// header: whatever that speaks of must lie in the content. False when it refused too.
 bool decodeByPictureLoader(const std::string& content, Surface& target, Rect area, Size& size);
 /// Always gives 24 bits a pixel.
 bool readByPictureLoader(const std::string& content, Raster& raster);

@@ -1,3 +1,4 @@
+#include <optional>
 #include <vector>
 
 #include "platform/win32/failure.h"
@@ -25,6 +26,8 @@ std::string reasonOf(HRESULT result) {
         case static_cast<unsigned long>(WINCODEC_ERR_BADSTREAMDATA):
         case static_cast<unsigned long>(E_FAIL):
             return "die Datei ist beschädigt";
+        case static_cast<unsigned long>(WINCODEC_ERR_IMAGESIZEOUTOFRANGE):
+            return "die Größe ist ungültig";
         case static_cast<unsigned long>(E_OUTOFMEMORY):
             return "der Arbeitsspeicher reicht nicht aus";
         default:
@@ -32,22 +35,40 @@ std::string reasonOf(HRESULT result) {
     }
 }
 
-/// Making the factory costs more than decoding a small picture, so each thread keeps one.
-IWICImagingFactory* factory() {
-    struct Kept {
-        Kept() {
-            IWICImagingFactory* made = nullptr;
-            requireOk(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
-                                       IID_IWICImagingFactory, reinterpret_cast<void**>(&made)),
-                      "Bilddecoder laden");
-            factory = UniqueCom<IWICImagingFactory>(made);
+/// What makes decoders, and the apartment that it lives in.
+struct Workshop {
+    Workshop() {
+        IWICImagingFactory* made = nullptr;
+        requireOk(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
+                                   IID_IWICImagingFactory, reinterpret_cast<void**>(&made)),
+                  "Bilddecoder laden");
+        factory = UniqueCom<IWICImagingFactory>(made);
+    }
+    ComApartment apartment;  // gone after the factory
+    UniqueCom<IWICImagingFactory> factory;
+};
+
+const DWORD mainThread = GetCurrentThreadId();
+
+/// Making the factory costs more than decoding a small picture, so the main thread keeps one. Other threads
+/// make theirs for each picture: what is given back only when a thread ends takes a lock of the compiler's
+/// thread library along, and the program then hangs at its own end.
+class Factory {
+  public:
+    Factory() {
+        if (GetCurrentThreadId() == mainThread) {
+            static const Workshop kept;
+            factory_ = kept.factory.get();
+        } else {
+            factory_ = own_.emplace().factory.get();
         }
-        ComApartment apartment;  // gone after the factory
-        UniqueCom<IWICImagingFactory> factory;
-    };
-    thread_local const Kept kept;
-    return kept.factory.get();
-}
+    }
+    IWICImagingFactory* operator->() const { return factory_; }
+
+  private:
+    std::optional<Workshop> own_;
+    IWICImagingFactory* factory_ = nullptr;
+};
 
 /// A failed call on the way to the pixels; goes no further than this file.
 struct Refused {
@@ -68,12 +89,12 @@ void check(HRESULT result) {
 }
 
 /// The first frame of a file, whose content must outlive it.
-UniqueCom<IWICBitmapFrameDecode> firstFrame(const std::string& content) {
-    const auto stream = made<IWICStream>([](auto out) { return factory()->CreateStream(out); });
+UniqueCom<IWICBitmapFrameDecode> firstFrame(const Factory& factory, const std::string& content) {
+    const auto stream = made<IWICStream>([&](auto out) { return factory->CreateStream(out); });
     auto* bytes = reinterpret_cast<BYTE*>(const_cast<char*>(content.data()));  // only read
     check(stream.get()->InitializeFromMemory(bytes, static_cast<DWORD>(content.size())));
     const auto decoder = made<IWICBitmapDecoder>([&](auto out) {
-        return factory()->CreateDecoderFromStream(stream.get(), nullptr, WICDecodeMetadataCacheOnDemand, out);
+        return factory->CreateDecoderFromStream(stream.get(), nullptr, WICDecodeMetadataCacheOnDemand, out);
     });
     return made<IWICBitmapFrameDecode>([&](auto out) { return decoder.get()->GetFrame(0, out); });
 }
@@ -82,6 +103,9 @@ Size sizeOf(IWICBitmapSource& source) {
     UINT width = 0;
     UINT height = 0;
     check(source.GetSize(&width, &height));
+    constexpr UINT longestSide = 1U << 20;  // of what any kind of picture can be
+    if (width == 0 || height == 0 || width > longestSide || height > longestSide)
+        throw Refused{WINCODEC_ERR_IMAGESIZEOUTOFRANGE};
     return {static_cast<int>(width), static_cast<int>(height)};
 }
 
@@ -92,21 +116,21 @@ WICPixelFormatGUID formatOf(IWICBitmapSource& source) {
 }
 
 /// The frame in that pixel format; itself when it is stored so.
-UniqueCom<IWICBitmapSource> converted(IWICBitmapFrameDecode& frame, const WICPixelFormatGUID& wanted) {
+UniqueCom<IWICBitmapSource> converted(const Factory& factory, IWICBitmapFrameDecode& frame,
+                                      const WICPixelFormatGUID& wanted) {
     if (formatOf(frame) == wanted) {
         frame.AddRef();
         return UniqueCom<IWICBitmapSource>(&frame);
     }
-    auto converter =
-        made<IWICFormatConverter>([](auto out) { return factory()->CreateFormatConverter(out); });
+    auto converter = made<IWICFormatConverter>([&](auto out) { return factory->CreateFormatConverter(out); });
     check(converter.get()->Initialize(&frame, wanted, WICBitmapDitherTypeNone, nullptr, 0.0,
                                       WICBitmapPaletteTypeCustom));
     converter.get()->AddRef();
     return UniqueCom<IWICBitmapSource>(converter.get());
 }
 
-std::vector<Colour> paletteOf(IWICBitmapFrameDecode& frame) {
-    const auto palette = made<IWICPalette>([](auto out) { return factory()->CreatePalette(out); });
+std::vector<Colour> paletteOf(const Factory& factory, IWICBitmapFrameDecode& frame) {
+    const auto palette = made<IWICPalette>([&](auto out) { return factory->CreatePalette(out); });
     check(frame.CopyPalette(palette.get()));
     std::vector<WICColor> colours(256);
     UINT count = 0;
@@ -145,9 +169,10 @@ ComApartment::~ComApartment() {
 
 std::string decodeByImagingComponent(const std::string& content, Surface& target, Rect area, Size& size) {
     try {
-        const auto frame = firstFrame(content);
+        const Factory factory;
+        const auto frame = firstFrame(factory, content);
         size = sizeOf(*frame.get());
-        copyPixels(*converted(*frame.get(), GUID_WICPixelFormat32bppBGR).get(), size, target, area);
+        copyPixels(*converted(factory, *frame.get(), GUID_WICPixelFormat32bppBGR).get(), size, target, area);
         return {};
     } catch (const Refused& refused) {
         return reasonOf(refused.result);
@@ -156,12 +181,13 @@ std::string decodeByImagingComponent(const std::string& content, Surface& target
 
 std::string readByImagingComponent(const std::string& content, Raster& raster) {
     try {
-        const auto frame = firstFrame(content);
+        const Factory factory;
+        const auto frame = firstFrame(factory, content);
         const bool indexed = formatOf(*frame.get()) == GUID_WICPixelFormat8bppIndexed;
         if (!sizeRaster(raster, sizeOf(*frame.get()), indexed ? 8 : 24)) return "die Größe ist ungültig";
-        if (indexed) raster.palette = paletteOf(*frame.get());
-        const auto pixels =
-            converted(*frame.get(), indexed ? GUID_WICPixelFormat8bppIndexed : GUID_WICPixelFormat24bppBGR);
+        if (indexed) raster.palette = paletteOf(factory, *frame.get());
+        const auto pixels = converted(factory, *frame.get(),
+                                      indexed ? GUID_WICPixelFormat8bppIndexed : GUID_WICPixelFormat24bppBGR);
         check(pixels.get()->CopyPixels(nullptr, static_cast<UINT>(raster.bytesPerRow()),
                                        static_cast<UINT>(raster.rows.size()), raster.rows.data()));
         return {};

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "platform/errors.h"
+#include "platform/win32/fault_code.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/wide.h"
 
@@ -10,7 +11,19 @@ namespace platform {
 
 namespace {
 
+using files::Call;
+using files::Fault;
 using win32::UniqueKey;
+
+/// Makes a call of the system, unless it is to fail.
+template <class Make>
+LSTATUS attempt(Call call, Make make) {
+    const Fault fault = files::faultAt(call);
+    if (fault == Fault::none) [[likely]]
+        return make();
+    if (fault == Fault::replyLost) make();
+    return static_cast<LSTATUS>(win32::codeOf(fault));
+}
 
 void check(LSTATUS result) {
     if (result == ERROR_SUCCESS) return;
@@ -50,13 +63,18 @@ std::optional<std::string> Registry::read(const std::string& section, const std:
 
 void Registry::write(const std::string& section, const std::string& key, const std::string& value) {
     HKEY opened = nullptr;
-    check(RegCreateKeyExW(HKEY_CURRENT_USER, native_->place(section).c_str(), 0, nullptr, 0, KEY_SET_VALUE,
-                          nullptr, &opened, nullptr));
+    const LSTATUS result = attempt(Call::openKey, [&] {
+        return RegCreateKeyExW(HKEY_CURRENT_USER, native_->place(section).c_str(), 0, nullptr, 0,
+                               KEY_SET_VALUE, nullptr, &opened, nullptr);
+    });
     const UniqueKey place(opened);
+    check(result);
     const std::wstring text = wide(value);
-    check(RegSetValueExW(place.get(), wide(key).c_str(), 0, REG_SZ,
-                         reinterpret_cast<const BYTE*>(text.c_str()),
-                         static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))));
+    check(attempt(Call::setValue, [&] {
+        return RegSetValueExW(place.get(), wide(key).c_str(), 0, REG_SZ,
+                              reinterpret_cast<const BYTE*>(text.c_str()),
+                              static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
+    }));
 }
 
 void Registry::removeAll() {

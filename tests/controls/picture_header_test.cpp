@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <limits>
@@ -14,6 +15,7 @@
 namespace {
 
 using namespace controls;
+using namespace std::string_literals;
 using platform::Size;
 
 HeaderBytes in(const std::string& bytes, int* reads = nullptr) {
@@ -63,7 +65,7 @@ TEST(BitmapHeader, IsReadInEveryVersionAndRefusedWhereItIsNone) {
         {"OS/2 2, short", bitmap(16, 640, 480, 4), 4},
         {"version 4", bitmap(108, 640, 480, 16), 16},
         {"version 5", bitmap(124, 640, 480, 32), 32},
-        {"large", bitmap(40, 30000, 30000, 24), 24, {30000, 30000}},
+        {"too large for so short a file", bitmap(40, 30000, 30000, 24)},
         {"empty", ""},
         {"another kind", "BA" + good.substr(2)},
         {"one byte short", good.substr(0, good.size() - 1)},
@@ -116,7 +118,7 @@ TEST(JpegHeader, IsReadWhereverTheFrameStandsAndRefusedWithoutASize) {
          24},
         {"behind fill bytes and stray ones",
          soi + "\xFF\xFF" + segment(0xE0, 14) + std::string("\0\0ab\xFF\0", 6) + good, 24},
-        {"the largest", soi + frame(0xC0, {65535, 65500}), 24, {65535, 65500}},
+        {"too large for so short a file", soi + frame(0xC0, {65535, 65500})},
         {"empty", ""},
         {"a bitmap", bitmap(40, 640, 480, 24)},
         {"nothing but the start", soi},
@@ -146,6 +148,34 @@ TEST(JpegHeader, GivesUpInFilesMadeToHoldItUp) {
     });
     EXPECT_FALSE(readJpegHeader(segments));
     EXPECT_LT(reads, 100);
+}
+
+TEST(PictureHeader, OfALargePictureIsBelievedWhenTheFileIsLongEnough) {
+    const struct {
+        std::string start;
+        std::uint64_t length;
+        Size size;
+    } cases[] = {
+        {soi + frame(0xC0, {65535, 65500}), 65535ULL * 65500 / 512, {65535, 65500}},
+        {soi + frame(0xC0, {4096, 4096}), 0, {4096, 4096}},
+        {bitmap(40, 30000, -30000, 24), 30000ULL * 30000 / 8, {30000, 30000}},
+        {bitmap(40, 30000, 30000, 8) + "\1\0\0\0"s, 0, {30000, 30000}},  // packed rows
+    };
+    for (const auto& c : cases) {
+        const auto sizeIn = [&](std::uint64_t length) {
+            HeaderBytes file([&](std::uint64_t offset, std::size_t count) {
+                std::string bytes = offset < c.start.size() ? c.start.substr(offset, count) : std::string();
+                if (offset < length) bytes.resize(std::min<std::uint64_t>(count, length - offset));
+                return bytes;
+            });
+            const auto header = readPictureHeader(file);
+            return header ? header->size : Size{};
+        };
+        EXPECT_EQ(sizeIn(c.length), c.size);
+        if (c.length > 0) {
+            EXPECT_EQ(sizeIn(c.length - 1), Size{});
+        }
+    }
 }
 
 TEST(PictureHeader, IsFoundWithFewSmallReads) {

@@ -37,6 +37,11 @@ class EditorTest : public testing::Test {
     editor::frmStich& window() { return *window_; }
     /// Closes the editor without asking and starts it again.
     void restart(const std::string& commandLine = {});
+    /// The editor is gone without having been closed.
+    void crash() { window_.reset(); }
+    /// Lets the editor put on the disk what it keeps of changes that are not saved.
+    void keep();
+    int journals() const;  ///< how many there are on the disk
 
     void openByChooser(const std::string& name);
     void pressClass(int slot);  ///< from 0

@@ -1,5 +1,9 @@
 #include "tests/editor/editor_fixture.h"
 
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
 #include "model/kvTamSampleSet.h"
 #include "platform/application.h"
 #include "platform/document.h"
@@ -12,7 +16,11 @@ constexpr const char* testRoot = "Software\\Veltor2 Test";
 
 }  // namespace
 
-EditorTest::EditorTest() : environment{folder.path(), testRoot}, registry(testRoot) {
+EditorTest::EditorTest()
+    : environment{.programDirectory = folder.path(),
+                  .registryRoot = testRoot,
+                  .journalDirectory = folder.file("Journal")},
+      registry(testRoot) {
     registry.removeAll();
     platform::files::createDirectories(folder.file("TestSets"));
     platform::files::createDirectories(folder.file("Picture"));
@@ -64,6 +72,19 @@ void EditorTest::restart(const std::string& commandLine) {
     window_->btnAbbr.onClick();
     window_.reset();
     start(commandLine);
+}
+
+void EditorTest::keep() {
+    user::tick(window_->Timer4);
+    while (window_->journal().isWriting()) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+}
+
+int EditorTest::journals() const {
+    if (!platform::files::directoryExists(environment.journalDirectory)) return 0;
+    const auto files = platform::files::list(environment.journalDirectory);
+    return static_cast<int>(std::count_if(files.begin(), files.end(), [](const auto& file) {
+        return platform::path::extension(file.name) == ".log";
+    }));
 }
 
 void EditorTest::openByChooser(const std::string& name) {

@@ -107,13 +107,27 @@ TEST_F(Labelling, APictureThatCannotBeReadIsNamed) {
 }
 
 // What arrives while the next picture is on its way.
-TEST_F(Labelling, APressMadeBeforeTheNextPictureIsSeenMeansTheOneThatIs) {
+TEST_F(Labelling, APressMadeBeforeThePictureIsSeenLabelsNothing) {
     auto& w = window();
     platform::application::post(w.form, [&] { w.kvButtonList1_Click(2); });
     w.GoToItem(2);
-    EXPECT_EQ(w.ItemClasses(1, 0), 2) << "the first picture was still on the screen";
+    EXPECT_EQ(w.ItemClasses(1, 0), 0);
     EXPECT_EQ(w.ItemClasses(2, 0), 0);
     EXPECT_EQ(current(), 2);
+}
+
+TEST_F(Labelling, ThePictureThatComesNextIsFetchedInTheDirectionOfTheSteps) {
+    auto& w = window();
+    const struct {
+        const char* step;
+        int next, before;
+    } steps[] = {{"btnF", 3, 1}, {"btnF", 1, 2}, {"btnR", 1, 3}, {"btnR", 3, 2}, {"btnR", 2, 1}, {"btnFR", 2, 3}};
+    for (const auto& s : steps) {
+        user::press(w.Toolbar1, s.step);
+        const std::vector<std::string> wanted{w.ItemPath(s.next), w.ItemPath(s.before)};
+        EXPECT_EQ(w.kvPictureBox1.Expected(), wanted) << s.step << " to " << current();
+    }
+    EXPECT_TRUE(user::pumpUntil([&] { return !w.Timer3.enabled(); }, 60'000)) << "all is fetched";
 }
 
 TEST_F(Labelling, AnotherChoiceMadeMeanwhileCounts) {

@@ -218,7 +218,7 @@ TEST_F(SetFile, MissingPicturesAreFoundWhateverTheCaseOfTheirNames) {
     set.addSample(folder.file("b"), "bild1.bmp");
     set.addSample(folder.file("A"), "BILD1.bmp");
     platform::BackgroundTask::Progress progress;
-    EXPECT_EQ(editor::missingSamples(set, platform::files::foldedFileNames, progress),
+    EXPECT_EQ(editor::PictureFiles(set).missing(platform::files::foldedFileNames, progress),
               (std::vector<int>{2, 3}));
     EXPECT_EQ(progress.done, 4);
 }

@@ -40,8 +40,8 @@ struct Person : EditorTest {
     void step();
     void check();
     void checkSamples(const std::vector<Content::Sample>& now);
-    int answer(const platform::Message& said);
-    void atDialog(platform::Form& dialog);
+    virtual int answer(const platform::Message& said);
+    virtual void atDialog(platform::Form& dialog);
 
     int below(int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); }
     template <class Word, std::size_t N>

@@ -222,7 +222,7 @@ void Person::drag() {
     user::mouseUp(picture, button, 0, anywhere());
 }
 
-// At times so fast that the next picture is chosen already: the press means the one that is seen.
+// At times so fast that the next picture is chosen already, but not seen: the press then means none.
 void Person::pressAClass() {
     auto& w = window();
     if (w.kvButtonList1.count() == 0) return;
@@ -230,8 +230,10 @@ void Person::pressAClass() {
     auto& button = user::find<platform::Button>(w.form, name);
     const auto region = static_cast<std::size_t>(w.cboROI.listIndex());
     note("  " + button.caption() + " for " + std::to_string(current()));
-    if (current() > 0) expected[static_cast<std::size_t>(current() - 1)].classes[region] = button.caption();
-    if (current() == 0 || below(4) > 0) return user::press(button);
+    if (current() == 0 || below(4) > 0) {
+        if (current() > 0) expected[static_cast<std::size_t>(current() - 1)].classes[region] = button.caption();
+        return user::press(button);
+    }
     platform::application::post(w.form, [&button] { user::press(button); });
     user::clickRow(w.lvCItems, 1 + below(w.lvCItems.count()));
 }

@@ -77,8 +77,14 @@ TEST_F(StartUp, GrabIsThereWithItsToolAndTellsWhenItCannotBeStarted) {
 }
 
 TEST_F(StartUp, ASetOnTheCommandLineIsOpenedAndTheChooserStaysEmpty) {
+    bool onScreen = false;
+    environment.fileNames = [&](auto directory, const auto& goOn) {
+        onScreen = window().form.visible();
+        return platform::files::foldedFileNames(directory, goOn);
+    };
     ASSERT_TRUE(start(makeSet("Kopf", {.regions = {"Auge"}})));
     auto& w = window();
+    EXPECT_TRUE(onScreen) << "before anything is read";
     EXPECT_EQ(w.cboSets.text(), "");
     EXPECT_EQ(w.set().sampleCount(), 3);
     EXPECT_EQ(current(), 1);

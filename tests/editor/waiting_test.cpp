@@ -49,19 +49,33 @@ class Waiting : public EditorTest {
 TEST_F(Waiting, ASetThatTakesLongToCheckCanBeGivenUp) {
     auto& w = window();
     messages.expectPart("Änderungen in", platform::message::yes).expectPart("überschreiben?");
-    std::string told;
+    std::string told, seen;
     meanwhile([&] {
         told = w.lblWait.caption();
+        seen = w.kvPictureBox1.FileName();
         EXPECT_FALSE(w.form.unload()) << "the close box gives up as well, and does not close";
         *slow = false;  // "Probe" is read again
         user::press(w.btnWait);
     });
     openByChooser("Fern");
     EXPECT_EQ(told, "Die Stichprobe wird gelesen und ihre Bilder gesucht ...");
+    EXPECT_EQ(seen, folder.file("Picture\\Fern\\bild1.bmp"));
+    EXPECT_EQ(w.kvPictureBox1.FileName(), folder.file("Picture\\Probe\\bild1.bmp"));
     EXPECT_EQ(w.cboSets.text(), "Probe");
     EXPECT_EQ(w.set().sampleCount(), 3);
     EXPECT_EQ(w.ItemClasses(1, 0), 1);
     EXPECT_FALSE(w.fraWait.visible());
+}
+
+TEST_F(Waiting, ASetThatIsGivenUpLeavesNoPictureWhereNoneWas) {
+    restart();
+    auto& w = window();
+    meanwhile([&] { user::press(w.btnWait); });
+    openByChooser("Fern");
+    EXPECT_EQ(w.set().sampleCount(), 0);
+    EXPECT_EQ(w.kvPictureBox1.FileName(), "");
+    EXPECT_EQ(w.txtSize.text(), "");
+    EXPECT_EQ(w.txtInfo.text(), "Bereich: (gesamtes Bild)   Datei: ");
 }
 
 TEST_F(Waiting, HowFarItIsIsSeenUntilItIsThere) {

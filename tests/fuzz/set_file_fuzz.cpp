@@ -1,10 +1,13 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <tuple>
 
+#include "editor/set_io.h"
+#include "memory_file.h"
 #include "model/kvTamSampleSet.h"
 #include "model/set_file_findings.h"
 #include "platform/document.h"
@@ -71,13 +74,40 @@ void roundTrip(kvTamSampleSet& set) {
     require(again.Write().bytes() == bytes);
 }
 
+/// The editor reads sets on its own way; both ways must take the same files and find the same in them.
+std::optional<editor::LoadedSet> byEditor(std::string_view bytes) {
+    static const MemoryFile stored;
+    stored.fill(bytes);
+    try {
+        return editor::readSet(stored.name(), "Z:\\none");
+    } catch (const RuntimeError& error) {
+        require(!error.description().empty());
+        return std::nullopt;
+    }
+}
+
+void compare(const editor::LoadedSet& loaded, const kvTamSampleSet& set) {
+    require(loaded.set.sampleCount() == set.kvtamSamples().Count());
+    require(loaded.set.classCount() == set.kvtamClasses().Count());
+    require(loaded.set.regionCount() + 1 == std::max(1, set.kvtamROIs().Count()));
+    for (int n = 1; n <= loaded.set.classCount(); ++n)
+        require(loaded.set.classRow(n).name == set.kvtamClasses().Item(n).Name);
+    if (loaded.strayAssignments > 0) return;  // put right by the editor only
+    for (int n = 1; n <= loaded.set.sampleCount() && !set.kvtamSamples().Item(n).ItemClasses.empty(); ++n)
+        for (int region = 0; region <= loaded.set.regionCount(); ++region)
+            require(loaded.set.classOf(n, region) + 1 ==
+                    set.kvtamSamples().Item(n).ItemClasses.at(static_cast<std::size_t>(region)));
+}
+
 void asFile(std::string_view bytes) {
+    const auto loaded = byEditor(bytes);
     try {
         const auto document = ProfileDocument::parse(bytes);
         lookUpEverything(document);
         model::set_file::findings(document, "Z:\\none");
         kvTamSampleSet set;
         set.Read(document, "fuzz");
+        if (loaded) compare(*loaded, set);
         roundTrip(set);
     } catch (const RuntimeError&) {
         // refused

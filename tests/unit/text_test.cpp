@@ -3,7 +3,11 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
+#include <numeric>
+#include <random>
+#include <vector>
 
 #include "platform/errors.h"
 #include "tests/support/error_of.h"
@@ -84,6 +88,21 @@ TEST(Text, NaturalOrder) {
               [](const string& a, const string& b) { return text::compareNatural(a, b) < 0; });
     EXPECT_EQ(sorted, ordered);
     EXPECT_EQ(text::compareNatural("BILD 7 Ä", "bild 7 ä"), 0);
+
+    // Many are sorted by keys, not by comparing them: the same order, equal ones as they stood.
+    std::mt19937 random(3);
+    const char* const parts[] = {"a", "Ä", "ä", "b", "0", "7", "10", "007", "_", ":", "/", "Ω", "\xFF"};
+    std::vector<string> names(ordered.rbegin(), ordered.rend());
+    while (names.size() < 500) {
+        string name;
+        for (auto length = random() % 6; length > 0; --length) name += parts[random() % std::size(parts)];
+        names.push_back(name);
+    }
+    std::vector<std::uint32_t> expected(names.size());
+    std::iota(expected.begin(), expected.end(), 0U);
+    std::stable_sort(expected.begin(), expected.end(),
+                     [&](auto a, auto b) { return text::compareNatural(names[a], names[b]) < 0; });
+    EXPECT_EQ(text::naturalOrder({names.begin(), names.end()}), expected);
     const std::pair<const char*, const char*> pairs[] = {
         {"apfel", "äpfel"}, {"äpfel1", "apfel2"}, {"a1", "a01"}, {"a01b1", "a1b2"}, {"a19", "a109"},
     };

@@ -11,6 +11,7 @@
 
 #include "model/kvTamSampleSet.h"
 #include "platform/files.h"
+#include "platform/path.h"
 #include "platform/registry.h"
 #include "platform/win32/control_ids.h"
 #include "platform/win32/wide.h"
@@ -92,6 +93,8 @@ void askWith(HANDLE process, HWND window, UINT message, WPARAM wParam, Data& dat
 }  // namespace
 
 Program::Program(const std::string& executable, const std::vector<std::string>& arguments) {
+    // What it keeps for the user lies beside the program, away from what others keep.
+    ::SetEnvironmentVariableW(L"LOCALAPPDATA", wide(platform::path::directory(executable)).c_str());
     std::wstring line = L"\"" + wide(executable) + L"\"";
     for (const std::string& argument : arguments) line += L" \"" + wide(argument) + L"\"";
     STARTUPINFOW start{};
@@ -110,6 +113,11 @@ Program::~Program() {
     ::TerminateProcess(process_.hProcess, 99);
     ::CloseHandle(process_.hThread);
     ::CloseHandle(process_.hProcess);
+}
+
+void Program::kill() const {
+    ::TerminateProcess(process_.hProcess, 99);
+    ::WaitForSingleObject(process_.hProcess, INFINITE);
 }
 
 HWND Program::waitForWindow(const wchar_t* windowClass) const {

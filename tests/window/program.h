@@ -73,6 +73,7 @@ class Program {
     bool nameRow(const char* list, const std::string& name) const;
 
     void close() const;
+    void kill() const;  ///< as a crash or the task manager does
     /// Waits for the end of the process; its exit code, or -1 when it does not end.
     int exitCode() const;
 

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// Picture files that were cut off, damaged, or made to do harm.
+namespace support {
+
+struct HostilePicture {
+    std::string what;
+    std::string ending;  ///< of its name, with the dot
+    std::string bytes;
+    bool mayShow = false;  ///< a decoder may make something of it
+};
+
+/// Of all kinds, each below 200 KB.
+std::vector<HostilePicture> hostilePictures();
+
+/// The bytes with a number of 16 or 32 bits put in the place of others, as bitmaps store it.
+std::string with16(std::string bytes, std::size_t at, std::uint32_t value);
+std::string with32(std::string bytes, std::size_t at, std::uint32_t value);
+
+}  // namespace support
