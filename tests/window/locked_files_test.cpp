@@ -53,20 +53,21 @@ TEST_F(LockedFiles, NoneIsHeldByTheEditorItself) {
 TEST_F(LockedFiles, APictureIsToldWithItsReasonAndShownWhenItIsFree) {
     auto& w = window();
     {
-        const UniqueHandle lock = lockOn(picture(2));
+        const UniqueHandle lock = lockOn(picture(3));  // not among those that are decoded already
         ASSERT_TRUE(lock);
         pressClass(1);
-        EXPECT_EQ(current(), 2);
+        pressClass(1);
+        EXPECT_EQ(current(), 3);
         EXPECT_TRUE(w.kvPictureBox1.Failed());
-        EXPECT_THAT(hint(), HasSubstr("bild2.bmp: "));
+        EXPECT_THAT(hint(), HasSubstr("bild3.bmp: "));
         EXPECT_THAT(hint(), HasSubstr("kann nicht gelesen werden"));
-        EXPECT_EQ(w.ItemClasses(1, 0), 1);
+        EXPECT_EQ(w.ItemClasses(2, 0), 1);
     }
+    w.GoToItem(4);
     w.GoToItem(3);
-    w.GoToItem(2);
     EXPECT_EQ(hint(), "");
-    EXPECT_EQ(w.kvPictureBox1.PicWidth(), 10);
-    EXPECT_EQ(w.ItemClasses(2, 0), 0);
+    EXPECT_EQ(w.kvPictureBox1.PicWidth(), 11);
+    EXPECT_EQ(w.ItemClasses(3, 0), 0);
 }
 
 TEST_F(LockedFiles, ASetIsNotOpenedAndNotSavedButNothingIsLost) {
