@@ -11,9 +11,9 @@ namespace message = platform::message;
 bool frmStich::Form_QueryUnload() {
     endAgreed_ = false;
     // What goes on in front of the window ends in good order first.
-    if (waiting_) waitGivenUp_ = true;
+    if (waiting_ || searching_) waitGivenUp_ = true;
     if (frmSave_) frmSave_->form.unload();
-    if (waiting_ || frmSave_) return false;
+    if (waiting_ || searching_ || frmSave_) return false;
     moveRegion();  // a number that is still being typed
     if (set_.sampleCount() == 0 || set_.unchanged()) return endAgreed_ = true;
     const int answer = say("Änderungen speichern?", message::yesNoCancel | message::question);

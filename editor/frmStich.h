@@ -335,6 +335,7 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     bool endAgreed_ = false;  // the user may be gone without having been asked
     bool accepting_ = false;  // while what set_ holds may still be refused
     bool waiting_ = false;  // for something that goes on beside the window
+    bool searching_ = false;  // the pictures of a set that is not accepted yet
     bool waitGivenUp_ = false;
     bool showingItem_ = false;  // while a picture is on its way to the screen
     std::string hint_;          // told last

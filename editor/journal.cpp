@@ -101,6 +101,8 @@ void Journal::failed(const std::string& reason) {
 
 void Journal::write(OpenSet& set, const std::vector<RegionRect>& rectangles, const SetFile& file) {
     if (!files_) files_ = std::make_shared<Files>();
+    for (auto& left : taken_) files_->older.push_back(std::move(left));
+    taken_.clear();
     if (set.edits() != keptEdits_ || rectangles.size() != keptRectangles_.size()) {
         writeCopy(set, rectangles, file);
     } else {
@@ -138,6 +140,8 @@ void Journal::forget() {
     keptEdits_.reset();
     pause_ = 0;
     problem_.clear();
+    for (const auto& left : taken_) left->remove();
+    taken_.clear();
     if (!files_) return;
     if (!writing_) {
         files_->remove();
@@ -150,8 +154,7 @@ void Journal::forget() {
 }
 
 void Journal::takeOver(std::unique_ptr<JournalFile> left) {
-    if (!files_) files_ = std::make_shared<Files>();
-    files_->older.push_back(std::move(left));
+    taken_.push_back(std::move(left));
 }
 
 }  // namespace editor

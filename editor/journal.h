@@ -48,6 +48,7 @@ class Journal {
     std::string folder_;
     std::shared_ptr<Files> files_;  // shared with the writing
     std::unique_ptr<platform::BackgroundTask> writing_, lastWriting_;
+    std::vector<std::unique_ptr<JournalFile>> taken_;  // until nothing is being written
     std::optional<std::uint64_t> keptEdits_;  // of the set that was copied last
     std::vector<RegionRect> keptRectangles_;
     std::string problem_;

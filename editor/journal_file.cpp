@@ -143,6 +143,14 @@ JournalFile::Log JournalFile::Log::parse(const std::string& text, const std::str
     }
 }
 
+namespace {
+
+bool isNumber(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+}  // namespace
+
 // Null while its program runs.
 std::unique_ptr<JournalFile> JournalFile::openLeft(const std::string& base) {
     auto own = platform::OwnFile::openExisting(base + std::string(logEnding));
@@ -177,8 +185,12 @@ std::vector<std::unique_ptr<JournalFile>> JournalFile::left(const std::string& f
 // Copies whose log is gone: their program ended in the middle of removing them.
 void JournalFile::removeOrphans(const std::string& folder, const std::vector<files::Entry>& entries) {
     for (const files::Entry& entry : entries) {
-        if (path::extension(entry.name) != copyEnding) continue;
-        const std::string base = path::join(folder, path::stem(path::stem(entry.name)));
+        const std::string numbers = path::stem(entry.name);
+        // Only what is named as copies are; anything else is not ours.
+        if (path::extension(entry.name) != copyEnding || !isNumber(path::stem(numbers)) ||
+            path::extension(numbers).size() < 2 || !isNumber(path::extension(numbers).substr(1)))
+            continue;
+        const std::string base = path::join(folder, path::stem(numbers));
         const auto isThere = [&](std::string_view ending) {
             return files::fileExists(base + std::string(ending));
         };

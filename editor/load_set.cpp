@@ -64,6 +64,7 @@ std::int16_t frmStich::LoadFile(const std::string& path) {
 }
 
 std::int16_t frmStich::accept(Reading& reading) {
+    const Flagged accepting(accepting_);
     LoadedSet& loaded = reading.loaded;
     const std::string previousPicture = kvPictureBox1.FileName();
     const auto previousRectangles = rectangles();
@@ -71,10 +72,15 @@ std::int16_t frmStich::accept(Reading& reading) {
     const int previousRegion = cboROI.listIndex();
     OpenSet previous = std::move(set_);
 
-    takeOver(std::move(loaded.set), loaded.rectangles);
-    if (loaded.strayAssignments > 0) set_.setUnchanged(false);
-    const std::int16_t result = lookForPictures(reading.pictures) ? CheckItems() : shell::notOpened;
+    std::int16_t result = shell::notOpened;
+    // Whatever happens, it is one set or the other.
+    platform::application::guard([&] {
+        takeOver(std::move(loaded.set), loaded.rectangles);
+        if (loaded.strayAssignments > 0) set_.setUnchanged(false);
+        if (lookForPictures(reading.pictures)) result = CheckItems();
+    });
     if (result == shell::notOpened) {
+        frmError_.reset();
         takeOver(std::move(previous), previousRectangles);
         cboROI.setListIndex(previousRegion);
         if (previousRow > 0)
@@ -92,7 +98,8 @@ std::int16_t frmStich::accept(Reading& reading) {
 
 // In a large folder this takes long: meanwhile the first picture is shown. False when the user gave up.
 bool frmStich::lookForPictures(const PictureFiles& files) {
-    const Flagged accepting(accepting_);
+    waitGivenUp_ = false;
+    const Flagged searching(searching_);
     const auto missing = std::make_shared<std::vector<int>>();
     platform::BackgroundTask search([missing, files, fileNames = environment_.fileNames](auto& progress) {
         *missing = files.missing(fileNames, progress);

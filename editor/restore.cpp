@@ -78,6 +78,11 @@ std::optional<std::int16_t> frmStich::restore(std::unique_ptr<JournalFile> left)
     } catch (const platform::RuntimeError&) {
         platform::application::guard([&] { setAside(*reading->left); });
         return std::nullopt;
+    } catch (const std::exception&) {  // it stays for a better moment
+        say("Die nicht gespeicherten Änderungen können zur Zeit nicht gelesen werden.\r\n"
+            "Der Arbeitsspeicher reicht nicht aus.",
+            message::exclamation);
+        return shell::notOpened;
     }
     const std::int16_t result = accept(*reading);
     if (result != shell::notOpened) journal_.takeOver(std::move(reading->left));
@@ -85,7 +90,11 @@ std::optional<std::int16_t> frmStich::restore(std::unique_ptr<JournalFile> left)
 }
 
 void frmStich::offerLeftSets() {
-    auto left = offered([](const SetFile& file) { return !files::fileExists(file.path); });
+    // A share that is not there yet says nothing about its files.
+    auto left = offered([](const SetFile& file) {
+        return file.path.empty() ||
+               (!files::fileExists(file.path) && files::directoryExists(path::directory(file.path)));
+    });
     if (!left || restore(std::move(left)).value_or(shell::notOpened) == shell::notOpened) return;
     SetItemCount(set_.sampleCount());
     // Saved again it gets the place that it had.

@@ -194,8 +194,10 @@ void writeItems(ProfileFile& file, const OpenSet& set, const std::string& appPat
 
 }  // namespace
 
-void writeSet(const std::string& fileName, const std::string& appPath, const OpenSet& set,
-              const std::vector<RegionRect>& rectangles) {
+namespace {
+
+ProfileFile collected(const std::string& fileName, const std::string& appPath, const OpenSet& set,
+                      const std::vector<RegionRect>& rectangles) {
     ProfileFile file(fileName);
     file.write(set_file::commonSection, set_file::classesKey, std::to_string(set.classCount()));
     file.write(set_file::commonSection, set_file::stdClassKey, std::to_string(set.standardClass() + 1));
@@ -213,7 +215,21 @@ void writeSet(const std::string& fileName, const std::string& appPath, const Ope
     writeItems(file, set, appPath);
     NumberKey number;
     for (int n = 1; n <= set.sampleCount(); ++n) file.write(set_file::itemDescrSection, number.of(n), "");
-    file.flush();
+    return file;
+}
+
+}  // namespace
+
+void writeSet(const std::string& fileName, const std::string& appPath, const OpenSet& set,
+              const std::vector<RegionRect>& rectangles) {
+    collected(fileName, appPath, set, rectangles).flush();
+}
+
+bool isStored(const std::string& fileName, const std::string& appPath, const OpenSet& set,
+              const std::vector<RegionRect>& rectangles) try {
+    return platform::files::read(fileName) == collected(fileName, appPath, set, rectangles).bytes();
+} catch (const platform::RuntimeError&) {
+    return false;
 }
 
 PictureFiles::PictureFiles(const OpenSet& set) : count_(set.sampleCount()) {

@@ -29,6 +29,10 @@ LoadedSet readSet(const std::string& fileName, const std::string& appPath);
 void writeSet(const std::string& fileName, const std::string& appPath, const OpenSet& set,
               const std::vector<RegionRect>& rectangles);
 
+/// Whether the file is exactly what writeSet would write; one that cannot be read is not.
+bool isStored(const std::string& fileName, const std::string& appPath, const OpenSet& set,
+              const std::vector<RegionRect>& rectangles);
+
 /// Names of the files of a directory, folded and sorted (platform::files::foldedFileNames).
 using FileNames = std::function<std::vector<std::string>(std::string_view directory,
                                                          const platform::files::Continue& goOn)>;

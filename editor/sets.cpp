@@ -162,6 +162,7 @@ bool frmStich::SaveSetAs(const std::string& name) {
         say("Sie haben keine Dateien ausgewählt!", message::exclamation);
         return false;
     }
+    const auto seen = files::version(setFile(name));
     if (!checkTarget(name) || !mayReplace(name)) return false;
     const bool isThere = std::any_of(setNames_.begin(), setNames_.end(),
                                      [&](const auto& known) { return text::equalNoCase(known, name); });
@@ -171,6 +172,8 @@ bool frmStich::SaveSetAs(const std::string& name) {
                                message::okCancel | message::question);
         if (answer != message::ok) return false;
     }
+    // The questions take their time.
+    if (files::version(setFile(name)) != seen && !mayReplace(name)) return false;
     if (!write(setFile(name))) return false;
     offerSaved(name);
     NotifySuite();
@@ -178,12 +181,14 @@ bool frmStich::SaveSetAs(const std::string& name) {
 }
 
 bool frmStich::write(const std::string& file) {
-    const auto before = files::version(file);
     try {
         writeSet(file, dataDirectory_, set_, rectangles());
     } catch (const platform::RuntimeError& failure) {
         // A disk that fails may have taken the file all the same; it is ours then.
-        if (const auto now = files::version(file); now != before) openFile_ = {file, now};
+        const auto now = files::version(file);
+        if (now != openFile_.version && isStored(file, dataDirectory_, set_, rectangles()) &&
+            files::version(file) == now)
+            openFile_ = {file, now};
         say("Die Stichprobe konnte nicht gespeichert werden.\r\n" + failure.description(),
             message::exclamation);
         return false;

@@ -14,7 +14,8 @@ constexpr int lookEvery = 30;
 
 bool frmStich::waitFor(const std::string& what, platform::BackgroundTask& task) {
     if (waiting_) return false;
-    if (task.wait(tellAfter)) return true;
+    if (!searching_) waitGivenUp_ = false;  // else it may be given up by now
+    if (task.wait(tellAfter)) return !waitGivenUp_;
     showWaiting(true);
     try {
         while (!waitGivenUp_ && !task.wait(lookEvery)) {
@@ -31,10 +32,7 @@ bool frmStich::waitFor(const std::string& what, platform::BackgroundTask& task) 
 
 void frmStich::showWaiting(bool waiting) {
     waiting_ = waiting;
-    if (waiting) {
-        waitGivenUp_ = false;
-        if (!form.visible()) form.show();
-    }
+    if (waiting && !form.visible()) form.show();
     Timer2.setEnabled(!waiting && showRuns_);
     fraWait.setVisible(waiting);
     layOut();

@@ -127,6 +127,8 @@ class ProfileFile {
     void write(std::string_view section, std::string_view key, std::string_view value);
     void write(std::string_view section, std::int32_t key, std::int32_t value);
     void flush();
+    /// What `flush` would store.
+    std::string bytes() const { return written_.bytes(); }
 
   private:
     const ProfileDocument& document();

@@ -48,7 +48,6 @@ bool start(EditorWindow& editor, const Environment& environment, const std::stri
     platform::application::guard([&] { platform::files::createDirectories(directories.sets); });
     editor.useDirectories(directories);
     editor.window().show();  // reading what follows may take long: a share, a large folder, a large set
-    editor.window().show();  // reading what follows may take long: a share, a large folder, a large set
     platform::application::guard([&] { editor.SearchSets(true); });
     platform::application::guard([&] { editor.browse(directories.sets); });
 

@@ -25,7 +25,8 @@ std::optional<ReadyPicture> decodeAhead(const std::string& fileName, PictureBuff
                                         std::int64_t mostBytes) try {
     // Asked before the file is read: a file that is written meanwhile is then no longer this one.
     const auto version = platform::files::version(fileName);
-    if (!version) return std::nullopt;
+    // It is read as a whole, however little of it is a picture.
+    if (!version || version->size > static_cast<std::uint64_t>(mostBytes)) return std::nullopt;
     ReadyPicture picture{fileName, *version, PictureFacts::ofFile(fileName), std::move(spare)};
     const PictureFacts& facts = picture.facts;
     if (!facts.tellsSize || !facts.header || PictureBuffer::bytesOf(facts.header->size) > mostBytes)

@@ -1,6 +1,7 @@
 #include "controls/picturebox/picture_store.h"
 
 #include <algorithm>
+#include <exception>
 #include <numeric>
 #include <utility>
 
@@ -42,7 +43,8 @@ std::optional<ReadyPicture> PictureStore::take(const std::string& fileName) {
 }
 
 void PictureStore::keep(ReadyPicture picture) {
-    if (bytes() + picture.bytes() <= mostBytes_) ready_.push_back(std::move(picture));
+    const std::int64_t onTheWay = fetch_ ? shownBytes_ : 0;
+    if (bytes() + onTheWay + picture.bytes() <= mostBytes_) ready_.push_back(std::move(picture));
 }
 
 std::int64_t PictureStore::bytes() const {
@@ -81,7 +83,11 @@ void PictureStore::fetch(std::size_t place) {
     auto work = [result, given, file = wanted_[place], room](platform::BackgroundTask::Progress&) {
         *result = decodeAhead(file, std::move(*given), room);
     };
-    fetch_ = Fetch{wanted_[place], result, std::make_unique<platform::BackgroundTask>(std::move(work))};
+    try {
+        fetch_ = Fetch{wanted_[place], result, std::make_unique<platform::BackgroundTask>(std::move(work))};
+    } catch (const std::exception&) {
+        wanted_.clear();  // what only saves time is no reason to disturb anybody
+    }
 }
 
 /// Lets go of what is less wanted than that one until there is room for it. What was let go of last is handed

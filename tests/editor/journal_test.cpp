@@ -242,6 +242,34 @@ TEST_F(Kept, ASetThatHasNoFileYetIsOfferedAtTheNextStartWithoutASet) {
     EXPECT_EQ(window().cboSets.text(), "");
 }
 
+TEST_F(Kept, WaitsForAShareThatIsNotThereYet) {
+    change();
+    crash();
+    for (const auto& entry : files::list(folder.file("Journal"))) {
+        const std::string name = folder.file("Journal\\" + entry.name);
+        std::string text = files::read(name);
+        const auto place = text.find("TestSets\\A.kvs");
+        if (place == std::string::npos) continue;
+        files::replace(name, text.replace(place, 8, "Freigabe"));
+    }
+    start();
+    EXPECT_EQ(journals(), 1) << "nobody was asked";
+    folder.write("Freigabe\\B.kvs");  // now it is there, and the file is not
+    messages.expectPart("gibt es nicht mehr", message::no);
+    restart();
+    EXPECT_EQ(journals(), 0);
+}
+
+TEST_F(Kept, NothingElseInItsFolderIsTouched) {
+    for (const char* name : {"Meine Stichprobe.kvs", "12.kvs", "a.1.kvs", "12.1.kvs"})
+        folder.write(std::string("Journal\\") + name, "x");
+    editor::JournalFile::left(folder.file("Journal"));
+    std::vector<std::string> there;
+    for (const auto& entry : files::list(folder.file("Journal"))) there.push_back(entry.name);
+    std::sort(there.begin(), there.end());
+    EXPECT_EQ(there, (std::vector<std::string>{"12.kvs", "Meine Stichprobe.kvs", "a.1.kvs"}));
+}
+
 TEST_F(Kept, BelongsToTheEditorThatRuns) {
     pressClass(2);
     keep();

@@ -127,6 +127,10 @@ TEST_F(Labelling, ThePictureThatComesNextIsFetchedInTheDirectionOfTheSteps) {
         const std::vector<std::string> wanted{w.ItemPath(s.next), w.ItemPath(s.before)};
         EXPECT_EQ(w.kvPictureBox1.Expected(), wanted) << s.step << " to " << current();
     }
+    user::press(w.Toolbar1, "btnLoop");
+    user::tick(w.Timer2);
+    EXPECT_EQ(w.kvPictureBox1.Expected().front(), w.ItemPath(current() % 3 + 1)) << "the slide show";
+    user::press(w.Toolbar1, "btnStop");
     EXPECT_TRUE(user::pumpUntil([&] { return !w.Timer3.enabled(); }, 60'000)) << "all is fetched";
 }
 

@@ -1,4 +1,5 @@
 // Two programs that write one set: neither replaces what the other one wrote without saying so.
+#include <functional>
 #include <utility>
 
 #include "editor/set_file.h"
@@ -14,6 +15,8 @@ const char* const replaced =
     "wurde von anderer Seite geändert, seit sie hier gelesen oder gespeichert wurde.";
 const char* const overwrite =
     "Stichprobendatei \"A.kvs\" ist bereits vorhanden.\r\nVorhandene Datei überschreiben?";
+
+std::function<void()> makeOther;  // the watcher is a plain function
 
 class TwoEditors : public EditorTest {
   protected:
@@ -55,6 +58,40 @@ TEST_F(TwoEditors, WhatTheOtherOneWroteIsReplacedOnlyAfterAQuestion) {
     messages.expectPart("speichern?", message::yes).expectPart(replaced, message::cancel);
     EXPECT_FALSE(user::close(window().form));
     EXPECT_EQ(storedPictures(), 8);
+}
+
+TEST_F(TwoEditors, WhatIsWrittenWhileAQuestionStandsIsAskedAboutToo) {
+    std::vector<std::string> asked;
+    const auto before = platform::setMessageHandler([&](platform::Form*, const platform::Message& said) {
+        asked.push_back(said.text);
+        if (asked.size() == 1) theOther(7);
+        return asked.size() == 1 ? message::ok : message::cancel;
+    });
+    EXPECT_FALSE(save());
+    platform::setMessageHandler(before);
+    ASSERT_EQ(asked.size(), 2u);
+    EXPECT_EQ(asked[0], overwrite);
+    EXPECT_NE(asked[1].find(replaced), std::string::npos);
+    EXPECT_EQ(storedPictures(), 7);
+}
+
+TEST_F(TwoEditors, WhatIsWrittenWhileASaveFailsIsNotTakenForOurs) {
+    makeOther = [this] { theOther(7); };
+    files::faultWatcher = [](files::Call call) {
+        if (call != files::Call::rename) return files::Fault::none;
+        files::faultWatcher = nullptr;
+        if (const auto act = std::exchange(makeOther, nullptr)) act();
+        files::faultWatcher = [](files::Call next) {
+            return next == files::Call::rename ? files::Fault::accessDenied : files::Fault::none;
+        };
+        return files::Fault::accessDenied;
+    };
+    messages.expect(overwrite).expectPart("konnte nicht gespeichert werden");
+    EXPECT_FALSE(save());
+    files::faultWatcher = nullptr;
+    messages.expectPart(replaced, message::cancel);
+    EXPECT_FALSE(save());
+    EXPECT_EQ(storedPictures(), 7);
 }
 
 TEST_F(TwoEditors, NobodyIsAskedAboutWhatHeWroteHimselfOrWhatIsNotThere) {

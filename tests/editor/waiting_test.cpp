@@ -78,6 +78,25 @@ TEST_F(Waiting, ASetThatIsGivenUpLeavesNoPictureWhereNoneWas) {
     EXPECT_EQ(w.txtInfo.text(), "Bereich: (gesamtes Bild)   Datei: ");
 }
 
+TEST_F(Waiting, ClosingTheWindowWhileTheFirstPictureComesGivesUpAsWell) {
+    auto& w = window();
+    messages.expectPart("Änderungen in", platform::message::no);
+    *slow = true;
+    timer = std::make_unique<platform::Timer>(w.form);
+    timer->setInterval(1);
+    timer->onTick = [&] {
+        if (w.set().sampleCount() != 5 || w.fraWait.visible()) return;
+        timer->setEnabled(false);
+        EXPECT_FALSE(w.form.unload());
+        *slow = false;  // "Probe" is read again
+    };
+    timer->setEnabled(true);
+    openByChooser("Fern");
+    EXPECT_TRUE(w.form.loaded());
+    EXPECT_EQ(w.cboSets.text(), "Probe");
+    EXPECT_EQ(w.set().sampleCount(), 3);
+}
+
 TEST_F(Waiting, HowFarItIsIsSeenUntilItIsThere) {
     auto& w = window();
     messages.expectPart("Änderungen in", platform::message::no);
