@@ -26,8 +26,6 @@ std::unordered_map<HWND, Control::Native*>& windows() {
     return all;
 }
 
-constexpr UINT_PTR subclassId = 1;
-
 }  // namespace
 
 Control::Native::Native(Native* parentWindow, std::string controlName)
@@ -72,8 +70,11 @@ void Control::Native::createControl(const wchar_t* windowClass, DWORD style, DWO
         extendedStyle, windowClass, L"", style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0, 0, 0,
         parent->window, reinterpret_cast<HMENU>(id), GetModuleHandleW(nullptr), nullptr);
     attach(require(created, "Steuerelement anlegen"));
-    require(SetWindowSubclass(window, subclassProcedure, subclassId, reinterpret_cast<DWORD_PTR>(this)),
-            "Steuerelement anlegen");
+    // Not by the subclassing of the common controls: it looks up a property of the window twice for each
+    // message, and where that is a question to another process it is most of what a message costs.
+    former_ = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(controlProcedure)));
+    require(former_, "Steuerelement anlegen");
     applyFont();
 }
 
@@ -120,13 +121,14 @@ LRESULT CALLBACK Control::Native::ownProcedure(HWND window, UINT id, WPARAM wPar
     return native->receive({id, wParam, lParam});
 }
 
-LRESULT CALLBACK Control::Native::subclassProcedure(HWND window, UINT id, WPARAM wParam, LPARAM lParam,
-                                                    UINT_PTR, DWORD_PTR object) {
-    auto* native = reinterpret_cast<Native*>(object);
+LRESULT CALLBACK Control::Native::controlProcedure(HWND window, UINT id, WPARAM wParam, LPARAM lParam) {
+    Native* native = of(window);
+    if (!native) return DefWindowProcW(window, id, wParam, lParam);
     if (id == WM_NCDESTROY) {
-        RemoveWindowSubclass(window, subclassProcedure, subclassId);
+        const WNDPROC former = native->former_;
+        SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(former));
         native->detach();
-        return DefSubclassProc(window, id, wParam, lParam);
+        return CallWindowProcW(former, window, id, wParam, lParam);
     }
     return native->receive({id, wParam, lParam});
 }
@@ -147,7 +149,7 @@ Control::Native::Handled Control::Native::handle(const Message&) {
 
 LRESULT Control::Native::passOn(const Message& m) const {
     return isOwn_ ? DefWindowProcW(window, m.id, m.wParam, m.lParam)
-                  : DefSubclassProc(window, m.id, m.wParam, m.lParam);
+                  : CallWindowProcW(former_, window, m.id, m.wParam, m.lParam);
 }
 
 LRESULT Control::Native::send(UINT id, WPARAM wParam, LPARAM lParam) const {

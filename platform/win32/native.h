@@ -132,8 +132,7 @@ struct Control::Native {
 
   private:
     static LRESULT CALLBACK ownProcedure(HWND window, UINT id, WPARAM wParam, LPARAM lParam);
-    static LRESULT CALLBACK subclassProcedure(HWND window, UINT id, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                              DWORD_PTR object);
+    static LRESULT CALLBACK controlProcedure(HWND window, UINT id, WPARAM wParam, LPARAM lParam);
     static const wchar_t* registered(const std::string& name, UINT style);
     LRESULT receive(const Message& m) noexcept;
     void attach(HWND created);
@@ -142,6 +141,7 @@ struct Control::Native {
 
     win32::UniqueFont ownFontHandle_;
     bool isOwn_ = false;
+    WNDPROC former_ = nullptr;  // of a control of the system
     int quiet_ = 0;
 };
 
