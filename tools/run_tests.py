@@ -20,7 +20,7 @@ from test_results import Result, crash_text, ctest_results, planned_tests
 ROOT = Path(__file__).resolve().parent.parent
 LOGS = ROOT / "build" / "test-logs"
 FUZZ_SECONDS = 20        # for all targets together
-WINE_SECONDS = "280"     # less than ctest's own limit, so that the wrapper can clean up
+WINE_SECONDS = "900"     # less than ctest's own limit, so that the wrapper can clean up
 DETAIL_LINES = 20        # of one failure
 
 

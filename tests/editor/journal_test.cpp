@@ -389,7 +389,7 @@ struct Unlucky : Person {
 
 TEST(RandomUser, LosesNothingThatWasKeptWhenTheProgramCrashes) {
 #ifdef _WIN32
-    constexpr int crashes = 8;
+    constexpr int crashes = 4;
 #else
     constexpr int crashes = 100;
 #endif

@@ -13,7 +13,7 @@
 namespace {
 
 #ifdef _WIN32
-constexpr int usualPercent = 3;               // real windows take their time
+constexpr int usualPercent = 1;               // real windows take their time
 constexpr std::size_t allowed = 1024 * 1024;  // the heap of the system rests nowhere exactly
 #else
 constexpr int usualPercent = 20;
