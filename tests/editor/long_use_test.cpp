@@ -72,6 +72,7 @@ class LongUse : public EditorTest {
     Kept settled() {
         // How many neighbours are decoded already depends on the item: always the same one.
         if (window().set().sampleCount() > 0) window().GoToItem(1);
+        user::pumpUntil([this] { return !window().Timer3.enabled(); }, 60'000);
         user::pumpUntil([] { return false; }, 200);  // what goes on beside the window comes to its end
         return {support::handles(), support::memoryInUse()};
     }
