@@ -1,6 +1,7 @@
 // Labelling: showing an item, giving it a class with one click, and the lines that tell what is shown.
 #include <utility>
 
+#include "editor/flagged.h"
 #include "editor/frmStich.h"
 #include "editor/mListView.h"
 #include "model/set_file_names.h"
@@ -9,23 +10,6 @@
 #include "platform/text.h"
 
 namespace editor {
-
-namespace {
-
-/// Gives a flag another value as long as it lives.
-class Restored {
-  public:
-    Restored(bool& flag, bool value) : flag_(flag), before_(flag) { flag = value; }
-    ~Restored() { flag_ = before_; }
-    Restored(const Restored&) = delete;
-    Restored& operator=(const Restored&) = delete;
-
-  private:
-    bool& flag_;
-    bool before_;
-};
-
-}  // namespace
 
 // A press that was made before the picture was on the screen cannot mean it: one that waited in the queue
 // while the picture was decoded, the second half of a double click, a key that is held down.
@@ -65,14 +49,14 @@ void frmStich::GoToItem(int row) {
 }
 
 void frmStich::lvCItems_ItemClick(int row) {
-    const Restored showing(showingItem_, true);
+    const Flagged showing(showingItem_);
     platform::application::doEvents();
     if (showItem(row)) ListView2.selectOnly(row);
 }
 
 void frmStich::ListView2_ItemClick(int row) {
     if ((sourceShift_ & platform::shiftKey::shift) != 0) return;
-    const Restored showing(showingItem_, true);
+    const Flagged showing(showingItem_);
     // The picture on the screen is the one that a class button labels.
     lvCItems.selectOnly(row);
     showItem(row);

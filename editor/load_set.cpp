@@ -4,6 +4,7 @@
 #include <memory>
 #include <new>
 
+#include "editor/flagged.h"
 #include "editor/frmStich.h"
 #include "editor/mListView.h"
 #include "editor/reading.h"
@@ -18,18 +19,6 @@ namespace message = platform::message;
 namespace {
 
 constexpr const char* readingSet = "Die Stichprobe wird gelesen und ihre Bilder gesucht ...";
-
-/// Says so as long as it lives.
-class Flagged {
-  public:
-    explicit Flagged(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Flagged() { flag_ = false; }
-    Flagged(const Flagged&) = delete;
-    Flagged& operator=(const Flagged&) = delete;
-
-  private:
-    bool& flag_;
-};
 
 }  // namespace
 

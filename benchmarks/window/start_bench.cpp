@@ -12,8 +12,6 @@
 #include "platform/win32/wide.h"
 #include "tests/support/user.h"
 
-#include <commctrl.h>
-
 namespace measure {
 
 namespace {
