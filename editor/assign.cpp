@@ -39,8 +39,10 @@ void frmStich::kvButtonList1_Click(std::int16_t classIndex) {
 }
 
 void frmStich::label(int row, std::int16_t classIndex) {
+    const std::int16_t before = set_.classOf(row, cboROI.listIndex());
     set_.label(row, cboROI.listIndex(), classIndex);
     lvCItems.redraw(row);
+    showCounts(before, classIndex);
 }
 
 void frmStich::GoToItem(int row) {
@@ -102,7 +104,7 @@ void frmStich::showPicture(const std::string& file) {
 }
 
 // While the user looks at one picture, the next one in the direction of his steps is decoded, and the one
-// before.
+// before. It begins when he has come to rest: who jumps about has the whole machine for what he jumps to.
 void frmStich::expectAround(int row, int before) {
     const int count = set_.sampleCount();
     if (row != before) browsing_ = before > 0 && count > 2 && row == rowAt(before, -1, count) ? -1 : 1;
@@ -111,7 +113,7 @@ void frmStich::expectAround(int row, int before) {
         if (const int next = rowAt(row, steps, count); next != row)
             files.push_back(fileToShow(ItemPath(next)));
     kvPictureBox1.Expect(std::move(files));
-    Timer3.setEnabled(kvPictureBox1.FetchOn());
+    Timer3.setEnabled(true);
 }
 
 // The line under the picture is there only while it has something to say.
@@ -127,6 +129,7 @@ void frmStich::tell(const std::string& hint) {
 void frmStich::NumberItems() {
     ListView2.setCount(set_.sampleCount());
     lvCItems.setCount(set_.sampleCount());
+    lvCClasses.redrawAll();  // it counts them
 }
 
 void frmStich::SetItemCount(int count) {

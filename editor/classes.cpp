@@ -166,6 +166,20 @@ void frmStich::lvCClasses_ItemClick(int row) {
     txtCDescription.setText(row == 0 ? "" : set_.classRow(row).description);
 }
 
+// How many samples carry the class in the region that is chosen.
+std::string frmStich::samplesText(int row) const {
+    const int region = cboROI.listIndex();
+    return region < 0 ? std::string()
+                      : std::to_string(set_.samplesOf(static_cast<std::int16_t>(row - 1), region));
+}
+
+// One label more and one less. A page that is not seen asks anew when it comes to the screen.
+void frmStich::showCounts(std::int16_t before, std::int16_t now) {
+    if (before == now || !fraClasses.visible()) return;
+    for (const int index : {before, now})
+        if (index < lvCClasses.count()) lvCClasses.redraw(index + 1);
+}
+
 void frmStich::describeClass() {
     if (selectedClass_ == 0) return;
     set_.describeClass(selectedClass_, txtCDescription.text());

@@ -22,7 +22,10 @@ enum SourceColumn { nameColumn = 1, sizeColumn, dateColumn };
 
 void frmStich::btnPath_Click() {
     const std::string folder = platform::chooseFolder(&form, "Quellverzeichnis", Datei1.path());
-    if (folder.empty()) return;
+    if (!folder.empty()) browseChosen(folder);
+}
+
+void frmStich::browseChosen(const std::string& folder) {
     const platform::application::WaitCursor wait;
     if (readFolder(folder) && cboSets.text().empty()) {
         cboSets.setText(path::fileName(path::normalise(folder)));
@@ -80,14 +83,17 @@ void frmStich::ListView1_ColumnClick(int column) {
 // What was selected still is, wherever it stands now.
 void frmStich::arrangeSourceFiles(const std::vector<int>& order) {
     const int selected = ListView1.selectedCount();
+    const bool all = selected == ListView1.count();  // thousands of rows, one by one, take their time
     std::vector<platform::files::Entry> arranged;
     std::vector<int> rows;
     for (const int place : order) {
         arranged.push_back(std::move(sourceFiles_[static_cast<std::size_t>(place)]));
-        if (selected > 0 && ListView1.selected(place + 1)) rows.push_back(static_cast<int>(arranged.size()));
+        if (!all && selected > 0 && ListView1.selected(place + 1))
+            rows.push_back(static_cast<int>(arranged.size()));
     }
     sourceFiles_ = std::move(arranged);
     showSourceFiles();
+    if (all) ListView1.selectAll();
     for (const int row : rows) ListView1.select(row);
 }
 
@@ -106,12 +112,11 @@ int frmStich::FindItemByPath(const std::string& file) const {
     return set_.doubleSelection() ? -1 : set_.findSample(file);
 }
 
-void frmStich::addSamples(const std::vector<int>& sourceRows) {
-    const std::string directory = path::normalise(txtPath.text());
+void frmStich::addSamples(std::size_t count, const std::function<SampleFile(std::size_t)>& file) {
     const bool wasEmpty = set_.sampleCount() == 0;
-    set_.reserveSamples(static_cast<std::size_t>(set_.sampleCount()) + sourceRows.size());
-    for (const int row : sourceRows) {
-        const std::string& name = sourceFiles_[static_cast<std::size_t>(row - 1)].name;
+    set_.reserveSamples(static_cast<std::size_t>(set_.sampleCount()) + count);
+    for (std::size_t i = 0; i < count; ++i) {
+        const auto [directory, name] = file(i);
         const bool isThere = !set_.doubleSelection() && set_.findSample(directory, name) != -1;
         if (!isThere) set_.addSample(directory, name);
     }
@@ -122,13 +127,18 @@ void frmStich::addSamples(const std::vector<int>& sourceRows) {
 }
 
 void frmStich::btn_Click() {
-    addSamples(mListView::SelectedRows(ListView1));
+    const std::vector<int> rows = mListView::SelectedRows(ListView1);
+    const std::string directory = path::normalise(txtPath.text());
+    addSamples(rows.size(), [&](std::size_t i) -> SampleFile {
+        return {directory, sourceFiles_[static_cast<std::size_t>(rows[i] - 1)].name};
+    });
 }
 
 void frmStich::btn_A_Click() {
-    std::vector<int> rows(sourceFiles_.size());
-    std::iota(rows.begin(), rows.end(), 1);
-    addSamples(rows);
+    const std::string directory = path::normalise(txtPath.text());
+    addSamples(sourceFiles_.size(), [&](std::size_t i) -> SampleFile {
+        return {directory, sourceFiles_[i].name};
+    });
 }
 
 void frmStich::btnR_Click() {

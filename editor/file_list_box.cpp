@@ -27,6 +27,12 @@ std::vector<std::string> endings(const std::string& pattern) {
     return result;
 }
 
+bool endsWithOne(std::string_view name, const std::vector<std::string>& wanted) {
+    const std::string_view ending = name.substr(std::min(name.rfind('.'), name.size()));
+    const auto isEnding = [&](const std::string& one) { return text::equalNoCase(one, ending); };
+    return wanted.empty() || std::any_of(wanted.begin(), wanted.end(), isEnding);
+}
+
 std::vector<Entry> sorted(std::vector<Entry> files) {
     std::vector<std::string_view> names;
     for (const Entry& file : files) names.push_back(file.name);
@@ -42,14 +48,13 @@ std::vector<platform::files::Entry> FileListBox::read(const std::string& path, c
                                                       const platform::files::Continue& goOn) {
     const auto wanted = endings(pattern);
     auto found = platform::files::list(path, goOn);
-    std::erase_if(found, [&](const Entry& entry) {
-        if (entry.isDirectory) return true;
-        const std::string_view name = entry.name;
-        const std::string_view ending = name.substr(std::min(name.rfind('.'), name.size()));
-        const auto isEnding = [&](const std::string& one) { return text::equalNoCase(one, ending); };
-        return !wanted.empty() && std::none_of(wanted.begin(), wanted.end(), isEnding);
-    });
+    std::erase_if(found,
+                  [&](const Entry& entry) { return entry.isDirectory || !endsWithOne(entry.name, wanted); });
     return sorted(std::move(found));
+}
+
+bool FileListBox::matches(std::string_view name, const std::string& pattern) {
+    return endsWithOne(name, endings(pattern));
 }
 
 void FileListBox::setPath(const std::string& path, std::vector<platform::files::Entry> files) {

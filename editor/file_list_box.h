@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/files.h"
@@ -27,6 +28,9 @@ class FileListBox {
     /// RuntimeError pathNotFound.
     static std::vector<platform::files::Entry> read(const std::string& path, const std::string& pattern,
                                                     const platform::files::Continue& goOn = {});
+
+    /// Whether a file of that name is one of them.
+    static bool matches(std::string_view name, const std::string& pattern);
 
     const std::vector<platform::files::Entry>& files() const { return files_; }
 

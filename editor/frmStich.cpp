@@ -28,7 +28,7 @@ constexpr int intervalStep = 100;
 constexpr int intervalPage = 1000;
 constexpr int firstInterval = 1000;
 
-constexpr int keepEvery = 2000;    // milliseconds between two looks at what is not saved
+constexpr int keepEvery = 2000;     // milliseconds between two looks at what is not saved
 constexpr int readAheadEvery = 20;  // milliseconds between two looks at what is decoded meanwhile
 
 }  // namespace
@@ -45,7 +45,7 @@ frmStich::frmStich(const shell::Environment& environment)
       btnGrab(form, "btnGrab", "&Grab"),
       btnOK(form, "btnOK", "&OK"),
       btnAbbr(form, "btnAbbr", "&Abbrechen"),
-      TabStrip1(form, "TabStrip1", {"Stichprobe anlegen", "Klassen", "Bereiche"}),
+      TabStrip1(form, "TabStrip1", {"Sti&chprobe anlegen", "&Klassen", "&Bereiche"}),
       fraFiles(form, "fraFiles"),
       lblPath(fraFiles, "lblPath", "&Quellverzeichnis:"),
       txtPath(fraFiles, "txtPath", TextBox::Style::readOnly),
@@ -61,22 +61,26 @@ frmStich::frmStich(const shell::Environment& environment)
       txtPicCount(fraFiles, "txtPicCount", TextBox::Style::readOnly),
       fraClasses(form, "fraClasses"),
       lvCClasses(fraClasses, "lvCClasses",
-                 {{"Name", 12}, {"Nr.", 4, rightAligned}, {"Standard", 8}, {"Beschreibung", 20}},
+                 {{"Name", 12},
+                  {"Nr.", 4, rightAligned},
+                  {"Standard", 8},
+                  {"Beschreibung", 20},
+                  {"Anzahl", 7, rightAligned}},
                  {.editLabels = true}),
       btnCNew(fraClasses, "btnCNew", "&Neu"),
       btnCDel(fraClasses, "btnCDel", "&Löschen"),
       btnCRename(fraClasses, "btnCRename", "&Umbenennen"),
       btnCStd(fraClasses, "btnCStd", "S&tandard"),
-      lblCDescription(fraClasses, "lblCDescription", "&Beschreibung:"),
+      lblCDescription(fraClasses, "lblCDescription", "B&eschreibung:"),
       txtCDescription(fraClasses, "txtCDescription"),
-      lblStdClass(fraClasses, "lblStdClass", "Standard&klasse:"),
+      lblStdClass(fraClasses, "lblStdClass", "Stan&dardklasse:"),
       cboStdClass(fraClasses, "cboStdClass", ComboBox::Style::list),
       fraROIs(form, "fraROIs"),
       lvROIs(fraROIs, "lvROIs", {{"Name", 14}, {"Beschreibung", 16}}, {.editLabels = true}),
       btnROINew(fraROIs, "btnROINew", "&Neu"),
       btnROIDel(fraROIs, "btnROIDel", "&Löschen"),
       btnROIRename(fraROIs, "btnROIRename", "&Umbenennen"),
-      lblROIDescription(fraROIs, "lblROIDescription", "&Beschreibung:"),
+      lblROIDescription(fraROIs, "lblROIDescription", "B&eschreibung:"),
       txtROIDescription(fraROIs, "txtROIDescription"),
       lblROICaption(fraROIs, "lblROICaption", {}, Label::Style::plain),
       lblX(fraROIs, "lblX", "&X:"),
@@ -85,7 +89,7 @@ frmStich::frmStich(const shell::Environment& environment)
       txtY(fraROIs, "txtY"),
       lblDX(fraROIs, "lblDX", "&dX:"),
       txtDX(fraROIs, "txtDX"),
-      lblDY(fraROIs, "lblDY", "dY:"),
+      lblDY(fraROIs, "lblDY", "dY (&H):"),
       txtDY(fraROIs, "txtDY"),
       kvBar3(form, "kvBar3", SplitterBar::Direction::horizontal),
       lblROI(form, "lblROI", "Be&reich:"),
@@ -115,6 +119,8 @@ frmStich::frmStich(const shell::Environment& environment)
       environment_(environment),
       registry_(environment.registryRoot),
       journal_(environment.journalDirectory) {
+    constexpr int countColumn = 5;
+    lvCClasses.moveColumn(countColumn, 3);  // where it is seen without scrolling
     kvBar2.setPosition(430);
     kvBar3.setPosition(360);
     Slider1.setRange(shortestInterval, longestInterval, intervalStep, intervalPage);
@@ -143,6 +149,8 @@ void frmStich::Form_Initialize() {
     btnPath.setToolTip("Quellverzeichnis wählen");
     btnGrab.setToolTip("Bilder aufnehmen");
     chkStretch.setToolTip("Bild ganz zeigen, so groß wie möglich");
+    TabStrip1.setAccessibleName("Seiten");
+    Toolbar1.setAccessibleName("Blättern und Ausschneiden");
     ListView1.setAccessibleName("Bilder des Quellverzeichnisses");
     ListView2.setAccessibleName("Bilder der Stichprobe");
     lvCClasses.setAccessibleName("Klassen");
@@ -152,6 +160,7 @@ void frmStich::Form_Initialize() {
     Slider1.setAccessibleName("Zeit je Bild");
     kvPictureBox1.setAccessibleName("Bild");
     kvProgressBar1.setAccessibleName("Fortschritt");
+    kvButtonList1.ShowDigits(true);
     kvButtonList1.setAccessibleName("Klassen zuweisen");
     txtInfo.setAccessibleName("Bereich und Datei");
     txtSize.setAccessibleName("Größe des Bildes");
@@ -164,8 +173,10 @@ void frmStich::Form_Initialize() {
 
 void frmStich::connect() {
     form.onResize = [this] { Form_Resize(); };
+    form.onKeyDown = [this](int code, int shift, auto focus) { return Form_KeyDown(code, shift, focus); };
     form.onQueryUnload = [this] { return Form_QueryUnload(); };
     form.onUnload = [this] { Form_Unload(); };
+    form.onFilesDropped = [this](const auto& paths) { filesDropped(paths); };
     kvSubClassing1.onMessage = [this](auto window, auto message, auto wParam, auto& lParam, auto& handled) {
         sizeLimits(window, message, wParam, lParam, handled);
     };
@@ -234,7 +245,9 @@ void frmStich::connectPicture() {
     Slider1.onScroll = [this] { Slider1_Change(); };
     Timer2.onTick = [this] { Timer2_Tick(); };
     Timer3.setInterval(readAheadEvery);
-    Timer3.onTick = [this] { Timer3.setEnabled(kvPictureBox1.FetchOn()); };
+    Timer3.onTick = [this] {
+        if (!showingItem_) Timer3.setEnabled(kvPictureBox1.FetchOn());
+    };
 }
 
 void frmStich::Form_Resize() {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "controls/buttonlist/kvButtonList.h"
@@ -35,7 +36,8 @@ struct Reading;
 
 /// The editor's window. Each task of the user has a source file of its own: opening, switching and saving
 /// sets (sets.cpp, load_set.cpp, close.cpp), making one from files (create_set.cpp), its classes
-/// (classes.cpp) and regions (regions.cpp), labelling (assign.cpp) and browsing (browse.cpp).
+/// (classes.cpp) and regions (regions.cpp), labelling (assign.cpp), browsing (browse.cpp) and the keys that
+/// work everywhere (keys.cpp).
 ///
 /// The set itself is one OpenSet. `lvCItems` and `ListView2` show the same rows of it, so they cannot get
 /// out of step; the region rectangles are the picture control's. Rows count from 1 everywhere here.
@@ -188,6 +190,13 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     void connectPicture();
     void Form_Initialize();
     void Form_Resize();
+    bool Form_KeyDown(int code, int shift, platform::KeyUse focus);
+    bool controlKey(int code, int shift);
+    void saveByKey();
+    void turnPage(int by);
+    bool pressClassButton(int button);
+    bool toggleShow(platform::KeyUse focus);
+    void showManual();
     bool Form_QueryUnload();
     void Form_Unload();
     void Timer1_Tick();
@@ -210,7 +219,7 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     /// out here. Meanwhile nothing else can be done with the window.
     bool waitFor(const std::string& what, platform::BackgroundTask& task);
     void showWaiting(bool waiting);
-    void showProgress(const std::string& what, const platform::BackgroundTask::Progress& progress);
+    bool isBusy() const;
     void leaveMissingFiles();
     void btnSave_Click();
     void btnGrab_Click();
@@ -219,6 +228,8 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     int say(const std::string& text, int codes);
     bool leaveSet(const std::string& name);
     bool checkTarget(const std::string& name);
+    bool readSetNames();
+    bool openInstead(const std::string& file);
     void chooseSet(int index);
     void putChooserBack();
     bool mayReplace(const std::string& name);
@@ -250,6 +261,8 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     void setAside(JournalFile& left);
 
     void showClasses();
+    std::string samplesText(int row) const;
+    void showCounts(std::int16_t before, std::int16_t now);
     void describeClass();
     void lvCClasses_ItemClick(int row);
     bool lvCClasses_AfterLabelEdit(int row, const std::string& text);
@@ -280,8 +293,17 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     void ListView1_ItemClick(int row);
     void ListView1_ColumnClick(int column);
     void arrangeSourceFiles(const std::vector<int>& order);
-    void addSamples(const std::vector<int>& sourceRows);
+    void browseChosen(const std::string& folder);
+    struct SampleFile {
+        std::string_view directory, name;
+    };
+    void addSamples(std::size_t count, const std::function<SampleFile(std::size_t)>& file);
     void removeSamples(const std::vector<int>& rows);
+
+    void filesDropped(const std::vector<std::string>& paths);
+    void tellUnused(const std::string& reason, const std::vector<std::vector<std::string>>& unused);
+    void addFiles(const std::vector<std::string>& files);
+    void openDropped(const std::string& file);
 
     void label(int row, std::int16_t classIndex);
     bool pressIsUnseen() const;
@@ -334,7 +356,7 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     bool sortDescending_ = false;
     bool endAgreed_ = false;  // the user may be gone without having been asked
     bool accepting_ = false;  // while what set_ holds may still be refused
-    bool waiting_ = false;  // for something that goes on beside the window
+    bool waiting_ = false;    // for something that goes on beside the window
     bool searching_ = false;  // the pictures of a set that is not accepted yet
     bool waitGivenUp_ = false;
     bool showingItem_ = false;  // while a picture is on its way to the screen

@@ -81,9 +81,8 @@ void frmStich::layOut() {
     const int top = u.margin() + u.row() + u.px(6);
     layOutTopRow(left, right);
 
-    const int leftWidth = clampBetween(u.px(kvBar2.position()), u.px(smallestLeft),
-                                       width - 2 * u.margin() - u.px(smallestRight));
-    const int barLeft = left + leftWidth;
+    kvBar2.setLimits(smallestLeft, u.at96(width - 2 * u.margin()) - smallestRight);
+    const int barLeft = left + u.px(kvBar2.position());
     kvBar2.control().move({barLeft, top, barLeft + u.bar(), bottom});
     layOutLeft({left, top, barLeft, bottom});
     layOutRight({barLeft + u.bar(), top, right, bottom});
@@ -123,9 +122,9 @@ void frmStich::layOutTopRow(int left, int right) {
 
 void frmStich::layOutLeft(Rect area) {
     const Units u(platform::metricsOf(form));
-    const int barTop =
-        clampBetween(area.top + u.px(kvBar3.position()), area.top + u.tabHeight + u.px(smallestPage),
-                     area.bottom - u.bar() - u.row() - u.gap() - u.px(smallestItems));
+    kvBar3.setLimits(u.at96(u.tabHeight) + smallestPage,
+                     u.at96(area.height() - u.bar() - u.row() - u.gap()) - smallestItems);
+    const int barTop = area.top + u.px(kvBar3.position());
     TabStrip1.move({area.left, area.top, area.right, barTop});
     const Rect page = TabStrip1.pageArea();
     for (platform::Panel* panel : {&fraFiles, &fraClasses, &fraROIs}) panel->move(page);
@@ -199,13 +198,14 @@ void frmStich::layOutROIs(int width, int height) {
     lblROICaption.move(Rect::at(edge, captionTop, right - edge, u.lineHeight));
     const std::pair<platform::Label*, platform::TextBox*> numbers[] = {
         {&lblX, &txtX}, {&lblY, &txtY}, {&lblDX, &txtDX}, {&lblDY, &txtDY}};
-    const int share = (right - edge + u.gap()) / 4;
+    int boxes = right - edge - 3 * u.gap();  // what the labels leave
+    for (const auto& [label, box] : numbers) boxes -= u.labelWidth(*label);
     int x = edge;
     for (const auto& [label, box] : numbers) {
-        const int numberLabel = u.labelWidth(*label);
-        label->move(u.label(x, numbersTop, numberLabel));
-        box->move(u.box(x + numberLabel, numbersTop, x + share - u.gap()));
-        x += share;
+        const int boxLeft = x + u.labelWidth(*label);
+        label->move(u.label(x, numbersTop, boxLeft - x));
+        box->move(u.box(boxLeft, numbersTop, boxLeft + boxes / 4));
+        x = boxLeft + boxes / 4 + u.gap();
     }
 
     const int listBottom = captionTop - u.gap();
@@ -255,7 +255,9 @@ int frmStich::classButtonsWidth(int available) const {
     for (int row = 1; row <= set_.classCount(); ++row) {
         widest = std::max(widest, platform::textWidth(kvButtonList1, set_.classRow(row).name));
     }
-    return clampBetween(widest + u.vScrollWidth + u.px(24), u.px(smallestClassButtons), available * 2 / 5);
+    const int digit = platform::textWidth(kvButtonList1, "0") + u.px(8);
+    return clampBetween(digit + widest + u.vScrollWidth + u.px(24), u.px(smallestClassButtons),
+                        available * 2 / 5);
 }
 
 void frmStich::toolbarReady() {

@@ -15,7 +15,7 @@ using platform::Point;
 
 enum SourceSubItem { fileName, fileSize, fileDate };
 enum ItemSubItem { itemName, itemClass, itemDirectory, itemNumber };
-enum ClassSubItem { className, classNumber, standardMark, classDescription };
+enum ClassSubItem { className, classNumber, standardMark, classDescription, classSamples };
 
 int kindOf(const std::string& name) {
     const bool isBitmap = platform::text::equalNoCase(platform::path::extension(name), ".bmp");
@@ -38,6 +38,8 @@ void frmStich::connectLists() {
                 return row - 1 == set_.standardClass() ? "Standard" : "";
             case classDescription:
                 return set_.classRow(row).description;
+            case classSamples:
+                return samplesText(row);
             default:
                 return {};
         }
@@ -78,6 +80,9 @@ void frmStich::connectSourceList() {
     ListView1.onColumnClick = [this](int column) { ListView1_ColumnClick(column); };
     ListView1.onItemClick = [this](int row) { ListView1_ItemClick(row); };
     ListView1.onDoubleClick = [this](int) { btn_Click(); };
+    ListView1.onKeyDown = [this](int key, int) {
+        if (key == platform::keyCode::enter) btn_Click();
+    };
     watchShift(ListView1);
 }
 

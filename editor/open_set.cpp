@@ -94,7 +94,9 @@ int OpenSet::addSample(std::string_view directory, std::string_view name) {
     const std::uint32_t number = directoryNumber(directory);
     names_.emplace_back(name);
     directoryOf_.push_back(number);
-    for (auto& column : classOf_) column.push_back(static_cast<std::int16_t>(standardClass_));
+    const auto standard = static_cast<std::int16_t>(standardClass_);
+    for (auto& column : classOf_) column.push_back(standard);
+    for (auto& counts : samplesOf_) count(counts, standard, 1);
     changed();
     return sampleCount();
 }
@@ -103,7 +105,11 @@ void OpenSet::removeSamples(const std::vector<int>& rows) {
     if (rows.empty()) return;
     removeRows(names_, rows);
     removeRows(directoryOf_, rows);
-    for (auto& column : classOf_) removeRows(column, rows);
+    for (std::size_t region = 0; region < classOf_.size(); ++region) {
+        auto& column = classOf_[region];
+        for (const int row : rows) count(samplesOf_[region], column[at(row)], -1);
+        removeRows(column, rows);
+    }
     forgetIndex();
     changed();
 }
@@ -122,20 +128,37 @@ void OpenSet::movedTo(int row, std::string_view directory) {
     changed();
 }
 
+void OpenSet::count(Counts& counts, std::int16_t classIndex, int samples) {
+    const auto place = static_cast<std::size_t>(classIndex);
+    if (place >= counts.size()) counts.resize(place + 1);
+    counts[place] += samples;
+}
+
+void OpenSet::setClass(int row, int region, std::int16_t classIndex) {
+    std::int16_t& stored = classOf_[static_cast<std::size_t>(region)][at(row)];
+    Counts& counts = samplesOf_[static_cast<std::size_t>(region)];
+    count(counts, classIndex, 1);  // first what may fail
+    count(counts, stored, -1);
+    stored = classIndex;
+}
+
 void OpenSet::assign(int row, int region, std::int16_t classIndex) {
-    classOf_[static_cast<std::size_t>(region)][at(row)] = classIndex;
+    setClass(row, region, classIndex);
     changed();
 }
 
 void OpenSet::label(int row, int region, std::int16_t classIndex) {
-    classOf_[static_cast<std::size_t>(region)][at(row)] = classIndex;
+    setClass(row, region, classIndex);
     labels_.push_back({row, static_cast<std::int16_t>(region), classIndex});
-    unchanged_ = false;
+    touched();
 }
 
 void OpenSet::assignAll(int region, std::int16_t classIndex) {
     auto& column = classOf_[static_cast<std::size_t>(region)];
     std::fill(column.begin(), column.end(), classIndex);
+    Counts& counts = samplesOf_[static_cast<std::size_t>(region)];
+    std::fill(counts.begin(), counts.end(), 0);
+    count(counts, classIndex, sampleCount());
     changed();
 }
 
@@ -209,6 +232,12 @@ void OpenSet::removeClass(int row, int standardAfterwards) {
             }
         }
     }
+    for (std::size_t region = 0; region < samplesOf_.size(); ++region) {
+        const int moved = samplesOf(removed, static_cast<int>(region));
+        Counts& counts = samplesOf_[region];
+        if (static_cast<std::size_t>(removed) < counts.size()) counts.erase(counts.begin() + removed);
+        count(counts, standard, moved);
+    }
     changed();
 }
 
@@ -220,6 +249,7 @@ void OpenSet::setStandardClass(int classIndex) {
 void OpenSet::addRegion(std::string_view name, std::string_view description) {
     regions_.push_back({std::string(name), std::string(description)});
     classOf_.emplace_back(names_.size(), std::int16_t{0});
+    samplesOf_.push_back({sampleCount()});
     changed();
 }
 
@@ -236,6 +266,7 @@ void OpenSet::describeRegion(int row, std::string_view description) {
 void OpenSet::removeRegion(int row) {
     regions_.erase(regions_.begin() + row - 1);
     classOf_.erase(classOf_.begin() + row);
+    samplesOf_.erase(samplesOf_.begin() + row);
     changed();
 }
 

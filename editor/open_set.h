@@ -44,6 +44,14 @@ class OpenSet {
         return classOf_[static_cast<std::size_t>(region)][at(row)];
     }
 
+    /// How many samples have this class (from 0) in the region. Kept up to date by every change: costs
+    /// nothing.
+    int samplesOf(std::int16_t classIndex, int region) const {
+        const auto& counts = samplesOf_[static_cast<std::size_t>(region)];
+        const auto place = static_cast<std::size_t>(classIndex);
+        return place < counts.size() ? counts[place] : 0;
+    }
+
     void reserveSamples(std::size_t count);
     /// Appends one; in every region it gets the standard class. Returns its row.
     int addSample(std::string_view directory, std::string_view name);
@@ -86,7 +94,7 @@ class OpenSet {
     void renameRegion(int row, std::string_view name);
     void describeRegion(int row, std::string_view description);
     void removeRegion(int row);
-    void regionMoved() { unchanged_ = false; }  ///< by the picture control, who has the rectangles
+    void regionMoved() { touched(); }  ///< by the picture control, who has the rectangles
 
     // Options -------------------------------------------------------------------------------------------
     bool doubleSelection() const { return doubleSelection_; }
@@ -97,6 +105,8 @@ class OpenSet {
         int row;
         std::int16_t region, classIndex;
     };
+    /// Another number after every change.
+    std::uint64_t changes() const { return changes_; }
     /// Another number after every change but those by `label` and `regionMoved`.
     std::uint64_t edits() const { return edits_; }
     /// In the order in which they were given, since they were last forgotten.
@@ -109,13 +119,22 @@ class OpenSet {
     void forgetIndex() const;
     int lookUp(std::uint32_t hash, std::string_view directory, std::string_view name) const;
     void indexUpTo(int row) const;
+    void setClass(int row, int region, std::int16_t classIndex);
+    /// How often each class stands in a column; those at the end that never did may be left out.
+    using Counts = std::vector<int>;
+    static void count(Counts& counts, std::int16_t classIndex, int samples);
 
-    void changed() {
+    void touched() {
         unchanged_ = false;
+        ++changes_;
+    }
+    void changed() {
+        touched();
         ++edits_;
     }
 
     bool unchanged_ = true;
+    std::uint64_t changes_ = 0;
     std::uint64_t edits_ = 0;
     std::vector<Label> labels_;
     bool doubleSelection_ = false;
@@ -128,9 +147,10 @@ class OpenSet {
     std::vector<std::string> directories_;  // each spelling once
     std::unordered_map<std::string, std::uint32_t> directoryNumbers_;
     std::vector<std::vector<std::int16_t>> classOf_{1};  // a column per region chooser entry
+    std::vector<Counts> samplesOf_{1};                   // for each of these columns
 
-    // The first row of each path by the hash of its folded directory and name; made by the first look-up, kept
-    // up to date by additions and dropped by what renumbers rows.
+    // The first row of each path by the hash of its folded directory and name; made by the first look-up,
+    // kept up to date by additions and dropped by what renumbers rows.
     mutable RowIndex index_;
     mutable int indexed_ = 0;
 };

@@ -48,6 +48,7 @@ void frmStich::kvPictureBox1_ROIselect(std::int32_t index, std::int32_t X, std::
     // A press in the picture may leave other regions marked there: choosing this one unmarks them.
     cboROI.setListIndex(index);
     lvCItems.redrawAll();
+    lvCClasses.redrawAll();  // it counts the classes of this region
     ShowInfoLine();
     EnableToolbar1(set_.sampleCount() > 0);
 }

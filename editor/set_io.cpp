@@ -194,11 +194,9 @@ void writeItems(ProfileFile& file, const OpenSet& set, const std::string& appPat
 
 }  // namespace
 
-namespace {
-
-ProfileFile collected(const std::string& fileName, const std::string& appPath, const OpenSet& set,
-                      const std::vector<RegionRect>& rectangles) {
-    ProfileFile file(fileName);
+std::string setBytes(const std::string& appPath, const OpenSet& set,
+                     const std::vector<RegionRect>& rectangles) {
+    ProfileFile file{std::string()};
     file.write(set_file::commonSection, set_file::classesKey, std::to_string(set.classCount()));
     file.write(set_file::commonSection, set_file::stdClassKey, std::to_string(set.standardClass() + 1));
     file.write(set_file::commonSection, set_file::roisKey, std::to_string(set.regionCount() + 1));
@@ -215,21 +213,12 @@ ProfileFile collected(const std::string& fileName, const std::string& appPath, c
     writeItems(file, set, appPath);
     NumberKey number;
     for (int n = 1; n <= set.sampleCount(); ++n) file.write(set_file::itemDescrSection, number.of(n), "");
-    return file;
+    return file.bytes();
 }
-
-}  // namespace
 
 void writeSet(const std::string& fileName, const std::string& appPath, const OpenSet& set,
               const std::vector<RegionRect>& rectangles) {
-    collected(fileName, appPath, set, rectangles).flush();
-}
-
-bool isStored(const std::string& fileName, const std::string& appPath, const OpenSet& set,
-              const std::vector<RegionRect>& rectangles) try {
-    return platform::files::read(fileName) == collected(fileName, appPath, set, rectangles).bytes();
-} catch (const platform::RuntimeError&) {
-    return false;
+    platform::files::replace(fileName, setBytes(appPath, set, rectangles));
 }
 
 PictureFiles::PictureFiles(const OpenSet& set) : count_(set.sampleCount()) {

@@ -24,13 +24,14 @@ struct LoadedSet {
 /// where, when the file cannot be read or understood; nothing half read comes out of it.
 LoadedSet readSet(const std::string& fileName, const std::string& appPath);
 
-/// Writes the set file in one step; pictures below `appPath` are stored relative to it. RuntimeError when
-/// it could not be written or a text has no place in it; an older file is then still there, whole.
-void writeSet(const std::string& fileName, const std::string& appPath, const OpenSet& set,
-              const std::vector<RegionRect>& rectangles);
+/// The set as it stands in a set file, byte by byte; pictures below `appPath` are stored relative to it.
+/// RuntimeError when a text has no place in it.
+std::string setBytes(const std::string& appPath, const OpenSet& set,
+                     const std::vector<RegionRect>& rectangles);
 
-/// Whether the file is exactly what writeSet would write; one that cannot be read is not.
-bool isStored(const std::string& fileName, const std::string& appPath, const OpenSet& set,
+/// Writes them to the set file in one step. RuntimeError when it could not be written; an older file is then
+/// still there, whole.
+void writeSet(const std::string& fileName, const std::string& appPath, const OpenSet& set,
               const std::vector<RegionRect>& rectangles);
 
 /// Names of the files of a directory, folded and sorted (platform::files::foldedFileNames).

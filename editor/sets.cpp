@@ -3,6 +3,7 @@
 
 #include "editor/frmStich.h"
 #include "editor/notify_suite.h"
+#include "editor/saving.h"
 #include "editor/set_io.h"
 #include "platform/application.h"
 #include "platform/dialogs.h"
@@ -36,18 +37,31 @@ std::string frmStich::setFile(const std::string& name) const {
 }
 
 void frmStich::SearchSets(bool fill) {
-    setNames_.clear();
-    if (!files::directoryExists(setsDirectory_)) return;
-    for (const auto& entry : files::list(setsDirectory_)) {
-        const bool isSet =
-            !entry.isDirectory && text::equalNoCase(path::extension(entry.name), shell::setExtension);
-        if (isSet) setNames_.push_back(path::stem(entry.name));
-    }
-    std::sort(setNames_.begin(), setNames_.end(),
-              [](const auto& a, const auto& b) { return text::compareNatural(a, b) < 0; });
-    if (!fill) return;
+    if (!readSetNames() || !fill) return;
     cboSets.add(setNames_);
     widenSetList();
+}
+
+// The sets directory may lie on a share. False when the user gave up: then nothing is known.
+bool frmStich::readSetNames() {
+    const auto names = std::make_shared<std::vector<std::string>>();
+    platform::BackgroundTask task([names, directory = setsDirectory_](auto& progress) {
+        if (!files::directoryExists(directory)) return;
+        const auto goOn = [&progress](std::size_t entries) {
+            progress.done = static_cast<int>(entries);
+            return !progress.cancelled;
+        };
+        for (const auto& entry : files::list(directory, goOn)) {
+            const bool isSet =
+                !entry.isDirectory && text::equalNoCase(path::extension(entry.name), shell::setExtension);
+            if (isSet) names->push_back(path::stem(entry.name));
+        }
+        std::sort(names->begin(), names->end(),
+                  [](const auto& a, const auto& b) { return text::compareNatural(a, b) < 0; });
+    });
+    if (!waitFor("Die Stichproben werden gesucht ...", task)) return false;
+    setNames_ = std::move(*names);
+    return true;
 }
 
 void frmStich::widenSetList() {
@@ -61,8 +75,10 @@ void frmStich::cboSets_Change() {
     setIndex_ = cboSets.listIndex();
 }
 
+// Of a set that was not chosen in this box: the digits that are typed next are not its name.
 void frmStich::clearSetName() {
     cboSets.setText("");
+    lvCItems.focus();
 }
 
 void frmStich::chooseSet(int index) {
@@ -78,20 +94,24 @@ void frmStich::cboSets_Click() {
     const std::string chosen = cboSets.text();
     // Typing commits a name as well; the set that is left is the one that is open.
     const bool isOpen = text::equalNoCase(chosen, setName_) && text::equalNoCase(chosen, openName_);
-    if (!isOpen && !leaveSet(openName_.empty() ? setName_ : openName_)) {
-        putChooserBack();
-        return;
-    }
-    if (LoadFile(setFile(chosen)) == shell::notOpened) {
-        // What was open still is; a set with a file is read again, as its changes were saved or given up.
-        const bool again = !openName_.empty() && !text::equalNoCase(chosen, openName_);
-        if (again && files::fileExists(setFile(openName_))) LoadFile(setFile(openName_));
-        putChooserBack();
-    } else {
+    if (isOpen ? LoadFile(setFile(chosen)) != shell::notOpened : openInstead(setFile(chosen))) {
         cboSets_Change();
         openName_ = chosen;
+    } else {
+        putChooserBack();
     }
     SetItemCount(set_.sampleCount());
+}
+
+// In the place of the set that is open; false when that is still the one.
+bool frmStich::openInstead(const std::string& file) {
+    if (!leaveSet(openName_.empty() ? setName_ : openName_)) return false;
+    if (LoadFile(file) != shell::notOpened) return true;
+    // A set with a file is read again, as its changes were saved or given up.
+    const std::string former = setFile(openName_);
+    const bool again = !openName_.empty() && !text::equalNoCase(file, former);
+    if (again && files::fileExists(former)) LoadFile(former);
+    return false;
 }
 
 // To the set that is open.
@@ -144,12 +164,11 @@ bool frmStich::checkTarget(const std::string& name) {
     }
     try {
         files::createDirectories(setsDirectory_);
-        SearchSets(false);
+        return readSetNames();
     } catch (const platform::RuntimeError& failure) {
         say(failure.description(), message::exclamation);
         return false;
     }
-    return true;
 }
 
 bool frmStich::SaveSetAs(const std::string& name) {
@@ -180,20 +199,27 @@ bool frmStich::SaveSetAs(const std::string& name) {
     return true;
 }
 
+// What is changed while the file is written is not in it.
 bool frmStich::write(const std::string& file) {
+    std::shared_ptr<Saving> saving;
+    const std::uint64_t changes = set_.changes();
     try {
-        writeSet(file, dataDirectory_, set_, rectangles());
+        saving =
+            std::make_shared<Saving>(file, setBytes(dataDirectory_, set_, rectangles()), openFile_.version);
+        platform::BackgroundTask task([saving](auto& progress) { saving->write(progress); });
+        while (!waitFor("Die Stichprobe wird gespeichert ...", task)) {
+            if (!saving->giveUp()) continue;
+            tell("Die Stichprobe wurde nicht gespeichert.");
+            return false;
+        }
     } catch (const platform::RuntimeError& failure) {
-        // A disk that fails may have taken the file all the same; it is ours then.
-        const auto now = files::version(file);
-        if (now != openFile_.version && isStored(file, dataDirectory_, set_, rectangles()) &&
-            files::version(file) == now)
-            openFile_ = {file, now};
+        if (saving && saving->isStored()) openFile_ = {file, saving->version()};
         say("Die Stichprobe konnte nicht gespeichert werden.\r\n" + failure.description(),
             message::exclamation);
         return false;
     }
-    openFile_ = {file, files::version(file)};
+    openFile_ = {file, saving->version()};
+    if (set_.changes() != changes) return false;
     journal_.forget();
     return true;
 }

@@ -22,6 +22,8 @@ shell::EditorSettings frmStich::settings() const {
             .saveSatus = save == 0 ? firstSaveCommand : Toolbar1.button(save).tag,
             .bar2 = kvBar2.position(),
             .bar3 = kvBar3.position(),
+            .window = form.placement(),
+            .stretch = chkStretch.checked() ? 1 : 0,
             .lists = {ListView1.layout(), ListView2.layout(), lvROIs.layout(), lvCClasses.layout(),
                       lvCItems.layout()}};
 }
@@ -29,6 +31,7 @@ shell::EditorSettings frmStich::settings() const {
 void frmStich::ReadProp() {
     shell::EditorSettings stored = settings();
     stored.pathROI = shell::pictureDirectory(registry_, environment_);
+    stored.window.clear();
     const auto problems = shell::ReadProp(registry_, stored);
 
     Slider1.setValue(stored.interval);
@@ -39,6 +42,9 @@ void frmStich::ReadProp() {
             if (entry.key == stored.saveSatus) Toolbar1_MenuClick(entry);
         }
     }
+    form.setPlacement(stored.window);
+    chkStretch.setChecked(stored.stretch != 0);
+    kvPictureBox1.Stretch(chkStretch.checked());
     kvBar2.setPosition(std::clamp(stored.bar2, 0, furthestBar));
     kvBar3.setPosition(std::clamp(stored.bar3, 0, furthestBar));
     platform::ListView* const lists[] = {&ListView1, &ListView2, &lvROIs, &lvCClasses, &lvCItems};

@@ -55,6 +55,10 @@ std::string userFolder();
 /// fileError.
 void start(const std::string& program);
 
+/// Opens a file with the program that the user has for its kind, and does not wait for it. RuntimeError
+/// fileNotFound or fileError.
+void open(const std::string& file);
+
 void beep();
 
 /// The system's wait pointer as long as it lives; they nest.

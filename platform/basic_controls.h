@@ -17,6 +17,9 @@ class Button : public Control {
     std::string caption() const;   ///< as the user reads it
     void setCaption(const std::string& mnemonic);
     void setPlainCaption(const std::string& text);
+    /// The key by which the form has the button pressed: told at its left edge. Empty for none.
+    void setKeyHint(const std::string& key);
+    std::string keyHint() const;
     /// 0x00BBGGRR, or 0x80000000 + the number of a system colour. The system's themes may paint over it.
     void setBackColour(std::uint32_t colour);
     std::uint32_t backColour() const;   ///< 0x8000000F (button face) at first

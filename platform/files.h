@@ -33,8 +33,9 @@ struct Version {
 /// Empty when there is no such file.
 std::optional<Version> version(std::string_view path);
 
-/// Asked now and then while a directory is listed, with the number of entries so far; false ends the listing.
-using Continue = std::function<bool(std::size_t entries)>;
+/// Asked now and then while something goes on, with what is done by then (of a listing the number of its
+/// entries so far); false ends it.
+using Continue = std::function<bool(std::size_t done)>;
 /// All entries but "." and "..", in no particular order. RuntimeError pathNotFound.
 std::vector<Entry> list(std::string_view directory, const Continue& goOn = {});
 /// Names of the files only, folded for comparison (text::foldCase) and sorted; the quick answer to "which
@@ -54,7 +55,11 @@ std::string readAt(std::string_view path, std::uint64_t offset, std::size_t coun
 /// that is write-protected stays. On an error (RuntimeError fileError) one of them is there, the old one
 /// unless the network kept the answer to itself. What the content was written to is removed; where not even
 /// that is possible, or the process dies, a later replacement in that directory does it, after a day.
-void replace(std::string_view path, std::string_view content);
+///
+/// `goOn` is asked now and then with the number of bytes written so far, and at last, when all of them are on
+/// the disk, with their full number: after that the new content takes its place. False leaves the old file as
+/// it is, and is then the answer.
+bool replace(std::string_view path, std::string_view content, const Continue& goOn = {});
 
 void remove(std::string_view path);   ///< nothing happens when it is not there
 

@@ -3,11 +3,22 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/control.h"
 #include "platform/icon_image.h"
 
 namespace platform {
+
+/// What the control that has the focus makes of keys itself.
+enum class KeyUse {
+    none,     ///< nothing, or arrows: a picture, a tab
+    text,     ///< all that is typed goes into it; also a text edited in a list, and a list that has dropped down
+    reading,  ///< a text that cannot be changed: Home and End move in it
+    press,    ///< Space presses it: buttons of every kind
+    rows,     ///< Page Up and Down, Home and End move among its rows, Space chooses one
+    range     ///< the same keys but Space move its value: a chooser, a slider
+};
 
 /// A top-level window. It is made hidden, laid out for the size that it asks for, and its window class
 /// carries its name.
@@ -43,8 +54,9 @@ class Form : public Container {
     /// its Subclassing answer for it.
     void setMinimumSize(Size size);
 
-    /// Position and size in restored state as text, to be kept between runs; a text that is none, or that
-    /// lies on no monitor of this machine, changes nothing.
+    /// Position and size in restored state, and whether it is maximised, as text, to be kept between runs.
+    /// Set before it is shown it comes in the same size to the eye, whatever the resolution is there now, and
+    /// wholly on its monitor; a text that is none, or that lies on no monitor of this machine, changes nothing.
     std::string placement() const;
     void setPlacement(const std::string& placement);
 
@@ -52,6 +64,10 @@ class Form : public Container {
     std::function<bool()> onQueryUnload;      ///< false keeps the window
     std::function<void()> onUnload;
     std::function<void()> onActivate;
+    /// Files and folders were dropped on the window, by their full paths. Not raised while a dialog blocks it.
+    std::function<void(const std::vector<std::string>& paths)> onFilesDropped;
+    /// A key without Alt, before the control that has the focus gets it. True: taken.
+    std::function<bool(int key, int shift, KeyUse focus)> onKeyDown;
 };
 
 /// A frame: holds the controls of one page and is shown and hidden with them. Without a border.

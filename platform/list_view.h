@@ -70,9 +70,12 @@ class ListView : public Control {
     int hitTest(Point point) const;
     int columnCount() const;
 
-    /// Column widths and order as one line of text; a text that does not fit the list changes nothing.
+    /// Column widths and order as one line of text; a text that does not fit the list changes nothing. One
+    /// from a time when the list had fewer columns fits: those that came at the end stay as they are.
     std::string layout() const;
     void setLayout(const std::string& layout);
+    /// At first the columns stand in the order of their numbers; this one goes to that place from the left.
+    void moveColumn(int column, int place);
 
     /// The user chose a row, by mouse or key; a click on a row that is selected already counts too.
     std::function<void(int row)> onItemClick;
@@ -89,6 +92,7 @@ class ListView : public Control {
 };
 
 namespace keyCode {
+inline constexpr int tab = 9;
 inline constexpr int enter = 13;
 inline constexpr int escape = 27;
 inline constexpr int space = 32;
@@ -101,6 +105,8 @@ inline constexpr int up = 38;
 inline constexpr int right = 39;
 inline constexpr int down = 40;
 inline constexpr int del = 46;
+inline constexpr int numpad0 = 96;   ///< the other digits follow
+inline constexpr int f1 = 112;
 inline constexpr int f2 = 113;
 }  // namespace keyCode
 

@@ -23,6 +23,8 @@ struct Metrics {
     constexpr int px(int at96) const {
         return static_cast<int>((static_cast<long long>(at96) * dpi + (at96 < 0 ? -48 : 48)) / 96);
     }
+    /// The other way, rounded down.
+    constexpr int at96(int pixels) const { return static_cast<int>(pixels * 96LL / dpi); }
 };
 
 Metrics metricsOf(const Control& control);

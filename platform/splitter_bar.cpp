@@ -15,12 +15,13 @@ SplitterBar::SplitterBar(Container& parent, const std::string& name, Direction d
     const bool sideways = direction_ == Direction::vertical;
     control_.setPointer(sideways ? Pointer::sizeWE : Pointer::sizeNS);
     control_.setTabStop(true);
+    control_.setRole(UserControl::Role::separator);
     control_.setAccessibleName(sideways ? "Teiler links und rechts" : "Teiler oben und unten");
     control_.onPaint = [this](Canvas& canvas) {
         const Size size = control_.clientSize();
         const Rect all = Rect::at(0, 0, size.width, size.height);
         canvas.fill(all, systemColour(SystemColour::buttonFace));
-        if (control_.focused()) canvas.frame(all, systemColour(SystemColour::greyText));
+        if (control_.showsFocus()) canvas.frame(all, systemColour(SystemColour::greyText));
     };
     control_.onMouseDown = [this](MouseButton button, int, Point point) {
         if (button == MouseButton::left) grab(point);
@@ -39,7 +40,7 @@ int SplitterBar::along(Point point) const {
 }
 
 void SplitterBar::grab(Point point) {
-    grabbed_ = Grab{along(point), position_};
+    grabbed_ = Grab{along(point), position()};
     control_.setCapture(true);
 }
 
@@ -67,20 +68,21 @@ bool SplitterBar::press(int key) {
     }
     const bool sideways = direction_ == Direction::vertical;
     if (key == (sideways ? keyCode::left : keyCode::up)) {
-        moveTo(position_ - keyStep);
+        moveTo(position() - keyStep);
         return true;
     }
     if (key == (sideways ? keyCode::right : keyCode::down)) {
-        moveTo(position_ + keyStep);
+        moveTo(position() + keyStep);
         return true;
     }
     return false;
 }
 
 void SplitterBar::moveTo(int position) {
-    position = std::max(0, position);
-    if (position == position_) return;
-    position_ = position;
+    const int before = SplitterBar::position();
+    position_ = std::max(0, position);
+    position_ = SplitterBar::position();
+    if (position_ == before) return;
     if (onMove) onMove();
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
+#include <limits>
 #include <optional>
 #include <string>
 
@@ -16,8 +18,12 @@ class SplitterBar {
     enum class Direction { vertical, horizontal };   ///< the bar's own: a vertical one moves sideways
     SplitterBar(Container& parent, const std::string& name, Direction direction);
 
-    int position() const { return position_; }
-    void setPosition(int at96) { position_ = at96; }   ///< raises nothing
+    /// Within the limits.
+    int position() const { return std::max(least_, std::min(position_, most_)); }
+    /// Raises nothing. It stands there as soon as the limits allow it.
+    void setPosition(int at96) { position_ = at96; }
+    /// What the holder's size allows now; the lower one counts when there is too little room for both.
+    void setLimits(int least, int most) { least_ = least, most_ = most; }
     UserControl& control() { return control_; }
 
     std::function<void()> onMove;   ///< the user moved it; the position is the new one already
@@ -36,7 +42,9 @@ class SplitterBar {
 
     UserControl control_;
     Direction direction_;
-    int position_ = 0;
+    int position_ = 0;              // where it was put
+    int least_ = 0;
+    int most_ = std::numeric_limits<int>::max();
     std::optional<Grab> grabbed_;   // while it is dragged
 };
 

@@ -28,6 +28,11 @@ class UserControl : public Container {
     void setCapture(bool capture);
     /// Whether the Tab key stops here and a press of the mouse gives it the focus.
     void setTabStop(bool tabStop);
+    /// Whether it has the focus and is to show that, as it came by the keyboard; it is painted when this
+    /// changes.
+    bool showsFocus() const;
+    enum class Role { graphic, grouping, separator };
+    void setRole(Role role);   ///< what a screen reader takes it for
 
     std::intptr_t hWnd() const;
     std::intptr_t hDC() const;   ///< valid until the control is gone

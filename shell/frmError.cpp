@@ -1,6 +1,7 @@
 #include "shell/frmError.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "platform/dialogs.h"
 #include "platform/files.h"
@@ -9,6 +10,7 @@
 #include "platform/text.h"
 #include "shell/data_directory.h"
 #include "shell/settings.h"
+#include "shell/wait_line.h"
 
 namespace shell {
 
@@ -41,10 +43,19 @@ frmError::frmError(platform::Form& owner, platform::Registry& registry, const En
       btnSearch(form, "btnSearch", "&Suchen..."),
       btnDel(form, "btnDel", "&Entfernen"),
       btnAbbr(form, "btnAbbr", "&Abbrechen"),
+      fraWait(form, "fraWait"),
+      lblWait(fraWait, "lblWait", {}, platform::Label::Style::plain),
+      kvProgressBar1(fraWait, "kvProgressBar1"),
+      btnWait(fraWait, "btnWait", "Abbrechen"),
       registry_(registry),
       environment_(environment) {
     form.onResize = [this] { Form_Resize(); };
     form.onUnload = [this] { Form_Unload(); };
+    form.onQueryUnload = [this] {
+        givenUp_ = true;  // what goes on in front of it ends in good order first
+        return !fraWait.visible();
+    };
+    btnWait.onClick = [this] { givenUp_ = true; };
     btnSearch.onClick = [this] { btnSearch_Click(); };
     btnDel.onClick = [this] { btnDel_Click(); };
     btnAbbr.onClick = [this] { btnAbbr_Click(); };
@@ -64,6 +75,8 @@ void frmError::Form_Load() {
     form.setPlacement(registry_.read(section, windowKey).value_or(""));
     ListView1.setLayout(registry_.read(section, listKey).value_or(""));
     lblQuestion.setCaption(question);
+    kvProgressBar1.setAccessibleName("Fortschritt");
+    fraWait.setVisible(false);
     Form_Resize();
 }
 
@@ -91,6 +104,27 @@ void frmError::Form_Resize() {
         button->move(Rect::at(right - buttonWidth, buttonTop, buttonWidth, buttonHeight));
         right -= buttonWidth + m.px(6);
     }
+    layOutWait(lblQuestion.bounds(), buttonHeight);
+}
+
+// In the place of the question, which it answers.
+void frmError::layOutWait(platform::Rect area, int buttonHeight) {
+    using platform::Rect;
+    const auto m = platform::metricsOf(form);
+    const int buttonLeft = area.width() - m.px(90);
+    const int right = buttonLeft - m.px(6);
+    const int barTop = m.lineHeight + m.px(3);
+    fraWait.move(area);
+    lblWait.move(Rect::at(0, 0, right, m.lineHeight));
+    kvProgressBar1.move(Rect::at(0, barTop, right, m.px(16)));
+    btnWait.move(Rect::at(buttonLeft, m.px(3), m.px(90), buttonHeight));
+}
+
+void frmError::showWaiting(bool waiting) {
+    lblQuestion.setVisible(!waiting);
+    fraWait.setVisible(waiting);
+    for (platform::Button* button : {&btnSearch, &btnDel, &btnAbbr}) button->setEnabled(!waiting);
+    if (!waiting) btnSearch.focus();
 }
 
 void frmError::showModal() {
@@ -119,7 +153,8 @@ std::int32_t frmError::SearchDirectory() {
 
     // The directory is listed once, however many files are looked for in it.
     const std::string directory = path::directory(chosen);
-    const auto there = files::foldedFileNames(directory);
+    std::vector<std::string> there;
+    if (!readNames(directory, there)) return nothingSearched;
     std::erase_if(missing_, [&](const Missing& file) {
         const std::string name = text::foldCase(path::fileName(file.path));
         if (!std::binary_search(there.begin(), there.end(), name)) return false;
@@ -129,6 +164,23 @@ std::int32_t frmError::SearchDirectory() {
     ListView1.unselectAll();
     ListView1.setCount(static_cast<int>(missing_.size()));
     return static_cast<std::int32_t>(missing_.size());
+}
+
+// The directory may be large, or lie on a share. False when the user gave up.
+bool frmError::readNames(const std::string& directory, std::vector<std::string>& names) {
+    const auto found = std::make_shared<std::vector<std::string>>();
+    platform::BackgroundTask task([found, directory, list = environment_.fileNames](auto& progress) {
+        *found = list(directory, [&progress](std::size_t entries) {
+            progress.done = static_cast<int>(entries);
+            return !progress.cancelled;
+        });
+    });
+    givenUp_ = false;
+    const WaitLine line{fraWait, lblWait, kvProgressBar1, [this](bool waiting) { showWaiting(waiting); }};
+    if (!waitFor(line, "Das Verzeichnis wird durchsucht ...", task, givenUp_) || !form.visible())
+        return false;
+    names = std::move(*found);
+    return true;
 }
 
 void frmError::btnSearch_Click() {

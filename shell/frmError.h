@@ -52,20 +52,29 @@ class frmError {
     platform::Button btnDel;
     platform::Button btnAbbr;
 
+    platform::Panel fraWait;
+    platform::Label lblWait;
+    platform::ProgressBar kvProgressBar1;
+    platform::Button btnWait;
+
   private:
     void Form_Load();
     void Form_Unload();
     void Form_Resize();
+    void layOutWait(platform::Rect area, int buttonHeight);
     void btnSearch_Click();
     void btnDel_Click();
     void btnAbbr_Click();
     std::int32_t SearchDirectory();
+    bool readNames(const std::string& directory, std::vector<std::string>& names);
+    void showWaiting(bool waiting);
     void leave(std::int32_t state);
 
     platform::Registry& registry_;
     const Environment& environment_;
     std::vector<Missing> missing_;
     std::int32_t exitState_ = closed;
+    bool givenUp_ = false;  // what is waited for
 };
 
 }  // namespace shell

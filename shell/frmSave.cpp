@@ -7,6 +7,7 @@
 #include "platform/files.h"
 #include "platform/metrics.h"
 #include "platform/path.h"
+#include "platform/registry.h"
 #include "shell/data_directory.h"
 
 namespace shell {
@@ -22,6 +23,8 @@ constexpr const char* targetParameter = "Parameter2";
 constexpr std::array<const char*, 4> rectangleElements{"0", "1", "4", "5"};  // X, Y, dX, dY
 constexpr const char* readFile = "Rfile://";
 constexpr const char* writeFile = "Wfile://";
+constexpr const char* section = "Save";
+constexpr const char* windowKey = "Window";
 constexpr const char* probeName = "~Ausschnitt.tmp";
 constexpr std::size_t probeSize = 65536;  // an empty file finds a place on a full disk, too
 
@@ -90,8 +93,11 @@ void frmSave::SaveROI(std::int16_t mode) {
         return;
     }
     due_ = true;
+    platform::Registry registry(environment_.registryRoot);
+    form.setPlacement(registry.read(section, windowKey).value_or(""));
     form.showModal();
     due_ = false;
+    registry.write(section, windowKey, form.placement());
 }
 
 // It begins when it can be seen. What is thrown still ends it.

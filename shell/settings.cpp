@@ -21,7 +21,8 @@ struct Setting {
 constexpr Setting settingTable[] = {
     {"Interval", &EditorSettings::interval},   {"PathROI", &EditorSettings::pathROI},
     {"SaveSatus", &EditorSettings::saveSatus}, {"Bar2", &EditorSettings::bar2},
-    {"Bar3", &EditorSettings::bar3},
+    {"Bar3", &EditorSettings::bar3},           {"Window", &EditorSettings::window},
+    {"Stretch", &EditorSettings::stretch},
 };
 constexpr const char* listKeys[] = {"ListView1", "ListView2", "lvROIs", "lvCClasses", "lvCItems"};
 

@@ -16,6 +16,8 @@ struct EditorSettings {
     std::string saveSatus;  ///< key of the save command that the toolbar's button stands for
     int bar2 = 0;           ///< splitter positions, pixels at 96 dots per inch
     int bar3 = 0;
+    std::string window;  ///< where it stands (platform::Form::placement)
+    int stretch = 0;     ///< 1 when pictures are fitted into their view
     /// Layouts of ListView1, ListView2, lvROIs, lvCClasses and lvCItems, in this order.
     std::array<std::string, 5> lists;
 };

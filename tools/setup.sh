@@ -10,8 +10,9 @@ run=(wine wine64 xvfb xauth imagemagick x11-utils xdotool locales
      libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1 libxxf86vm1)
 
 case "${1:-}" in
-    build | package) wanted=("${build[@]}") ;;
-    run) wanted=("${build[@]}" "${run[@]}") ;;
+    build) wanted=("${build[@]}") ;;
+    package) wanted=("${build[@]}" python3) ;;
+    run) wanted=("${build[@]}" "${run[@]}" python3) ;;
     test) wanted=("${build[@]}" "${run[@]}" clang-14 libclang-rt-14-dev python3) ;;
     bench) wanted=("${build[@]}" "${run[@]}" libbenchmark-dev python3) ;;
     *)

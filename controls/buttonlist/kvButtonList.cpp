@@ -18,6 +18,7 @@ namespace {
 constexpr int edge = 2;  // width of the sunken frame
 constexpr int wheelNotch = 120;
 constexpr int frame = 8;  // what a button needs beside its caption
+constexpr std::string_view digits = "1234567890";
 constexpr std::size_t mostItems = std::numeric_limits<std::int16_t>::max();
 
 void requireRoom(std::size_t items) {
@@ -29,6 +30,8 @@ void requireRoom(std::size_t items) {
 
 kvButtonList::kvButtonList(platform::Container& parent, const std::string& name)
     : UserControl(parent, name, "kvButtonList"), VScroll1(*this, "VScroll1", ScrollBar::Direction::vertical) {
+    setRole(Role::grouping);
+    VScroll1.setAccessibleName("Schaltflächen rollen");
     button(0).setVisible(false);
     VScroll1.setRange(1, 1);
     VScroll1.setEnabled(false);
@@ -105,6 +108,8 @@ int kvButtonList::layOutSlots() {
     const int width = std::max(0, clientSize().width - platform::metricsOf(*this).vScrollWidth - 2 * edge);
     int slots = 0;
     for (int rest = clientSize().height - 2 * edge; rest >= buttonHeight_; rest -= buttonHeight_, ++slots) {
+        const bool isMade = static_cast<std::size_t>(slots) < Command1.size();
+        if (!isMade && slots >= count()) continue;  // windows take time, and a large control has many slots
         Button& shown = button(slots);
         const Rect place = Rect::at(edge, edge + buttonHeight_ * slots, width, buttonHeight_);
         if (shown.bounds() != place) shown.move(place);
@@ -135,7 +140,9 @@ void kvButtonList::showCaptions() {
         const std::string& caption = items_[number].Caption;
         if (slot.caption() != caption) slot.setPlainCaption(caption);
         // What a button cannot show whole it tells when the mouse rests on it.
-        const bool fits = platform::textWidth(slot, caption) + frame <= slot.bounds().width();
+        slot.setKeyHint(showDigits_ && i < digits.size() ? std::string(1, digits[i]) : std::string());
+        const int hint = showDigits_ ? platform::textWidth(slot, "0") + frame : 0;
+        const bool fits = platform::textWidth(slot, caption) + frame + hint <= slot.bounds().width();
         slot.setToolTip(fits ? std::string() : caption);
     }
 }
@@ -146,6 +153,38 @@ void kvButtonList::pressed(int slot) {
     if (number >= count() || !Click) return;
     auto index = static_cast<std::int16_t>(number);
     Click(index);
+}
+
+// --- Keyboard
+
+void kvButtonList::ShowDigits(bool ShowDigits) {
+    showDigits_ = ShowDigits;
+    showCaptions();
+}
+
+int kvButtonList::ShownCount() const {
+    return static_cast<int>(
+        std::count_if(Command1.begin(), Command1.end(), [](const auto& slot) { return slot->visible(); }));
+}
+
+void kvButtonList::PressShown(int slot) {
+    if (slot >= 0 && slot < ShownCount() && Command1[static_cast<std::size_t>(slot)]->enabled())
+        pressed(slot);
+}
+
+void kvButtonList::ScrollPages(int pages) {
+    if (VScroll1.enabled()) VScroll1.setValue(VScroll1.value() + pages * ShownCount());
+}
+
+bool kvButtonList::MoveFocus(int by) {
+    const auto focused =
+        std::find_if(Command1.begin(), Command1.end(), [](const auto& slot) { return slot->focused(); });
+    if (focused == Command1.end()) return false;
+    const int wanted = static_cast<int>(focused - Command1.begin()) + by;
+    const int shown = std::clamp(wanted, 0, ShownCount() - 1);
+    if (VScroll1.enabled()) VScroll1.setValue(VScroll1.value() + wanted - shown);
+    Command1[static_cast<std::size_t>(shown)]->focus();
+    return true;
 }
 
 void kvButtonList::wheel(int notches) {

@@ -35,6 +35,18 @@ class kvButtonList : public platform::UserControl {
     std::int16_t ButtonHeight() const { return buttonHeight_; }
     void ButtonHeight(std::int16_t ButtonHeight);
 
+    /// Whether the first ten buttons tell the digit by which the host has them pressed: 1 to 9, and 0.
+    void ShowDigits(bool ShowDigits);
+    /// How many buttons show an item.
+    int ShownCount() const;
+    /// As a click on the button there, counted from 0; nothing when it shows no item.
+    void PressShown(int slot);
+    /// Scrolls by so many pages of buttons.
+    void ScrollPages(int pages);
+    /// Moves the focus from one button to the next ones, and scrolls at the first and the last; false when no
+    /// button has the focus.
+    bool MoveFocus(int by);
+
     /// Lays the control out anew.
     void Refresh();
 
@@ -84,6 +96,7 @@ class kvButtonList : public platform::UserControl {
     platform::ScrollBar VScroll1;
     std::uint32_t backColour_ = 0x8000000F;
     std::int16_t buttonHeight_ = 23;
+    bool showDigits_ = false;
     int wheelRest_ = 0;
 };
 

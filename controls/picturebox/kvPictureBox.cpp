@@ -40,6 +40,9 @@ kvPictureBox::kvPictureBox(platform::Container& parent, const std::string& name)
     onCaptureLost = [this] { endDrag(); };
     onKeyDown = [this](int key, int shift) { return keyDown(key, shift); };
     setTabStop(true);
+    setRole(Role::graphic);
+    HScroll1.setAccessibleName("Bild waagrecht rollen");
+    VScroll1.setAccessibleName("Bild senkrecht rollen");
 }
 
 Rect kvPictureBox::inner() const {
@@ -113,7 +116,11 @@ void kvPictureBox::scrollTo(Point wanted) {
 void kvPictureBox::wheel(int notches, int shift) {
     ScrollBar& bar = (shift & platform::shiftKey::shift) != 0 ? HScroll1 : VScroll1;
     if (stretch_ || !bar.enabled()) return;
-    const std::int64_t way = std::int64_t{notches} * stepsPerNotch * bar.smallChange() / wheelNotch;
+    // Fine wheels turn in parts of a notch, of which each may be less than a pixel.
+    std::int64_t& rest = wheelRest_[&bar == &HScroll1];
+    rest += std::int64_t{notches} * stepsPerNotch * bar.smallChange();
+    const std::int64_t way = rest / wheelNotch;
+    rest -= way * wheelNotch;
     bar.setValue(static_cast<int>(std::clamp<std::int64_t>(bar.value() - way, 0, bar.maximum())));
 }
 

@@ -171,6 +171,7 @@ class kvPictureBox : public platform::UserControl {
     void paint(platform::Canvas& canvas) const;
     void paintStretched(platform::Canvas& canvas) const;
     void paintOneToOne(platform::Canvas& canvas) const;
+    void paintFocus(platform::Canvas& canvas) const;
 
     // loading.cpp
     /// The file whose picture the buffer holds.
@@ -230,6 +231,7 @@ class kvPictureBox : public platform::UserControl {
     bool allowROImove_ = true;
     bool showROIs_ = true;
     bool settingBars_ = false;
+    std::int64_t wheelRest_[2]{};  // upright and sideways
 };
 
 }  // namespace controls

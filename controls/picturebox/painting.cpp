@@ -31,6 +31,15 @@ void kvPictureBox::paint(Canvas& canvas) const {
         paintStretched(canvas);
     else
         paintOneToOne(canvas);
+    if (showsFocus()) paintFocus(canvas);
+}
+
+// At the edge of the view, dark beside light so that it stands out from every picture.
+void kvPictureBox::paintFocus(Canvas& canvas) const {
+    const Rect view = stretch_ ? inner() : Rect{0, 0, viewWidth(), viewHeight()};
+    canvas.frame(view, platform::systemColour(platform::SystemColour::highlight));
+    canvas.frame({view.left + 1, view.top + 1, view.right - 1, view.bottom - 1},
+                 platform::systemColour(platform::SystemColour::window));
 }
 
 void kvPictureBox::paintStretched(Canvas& canvas) const {

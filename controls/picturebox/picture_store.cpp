@@ -16,7 +16,6 @@ constexpr int untilItEnds = 1'000'000'000;  // milliseconds; as long as it would
 void PictureStore::expect(std::vector<std::string> files, std::int64_t shownBytes) {
     wanted_ = std::move(files);
     shownBytes_ = shownBytes;
-    fetchOn();
 }
 
 bool PictureStore::fetchOn() {

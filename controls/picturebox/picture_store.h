@@ -20,8 +20,8 @@ class PictureStore {
     /// What is kept and what is being decoded takes no more than `mostBytes`, and neither does one picture.
     explicit PictureStore(std::int64_t mostBytes = std::int64_t{64} << 20) : mostBytes_(mostBytes) {}
 
-    /// The files that will be asked for next, the likeliest first; no others are kept. `shownBytes` is the
-    /// size of the picture on the screen, by which the room for the next one is guessed.
+    /// The files that will be asked for next, the likeliest first; fetchOn() keeps no others. `shownBytes` is
+    /// the size of the picture on the screen, by which the room for the next one is guessed.
     void expect(std::vector<std::string> files, std::int64_t shownBytes);
 
     /// Takes over what has been decoded and begins with the next. True while something is being decoded.

@@ -83,6 +83,11 @@ void start(const std::string& program) {
         throw RuntimeError(error::fileNotFound, "Datei nicht gefunden: " + program);
 }
 
+// Nor is there one that could show a file.
+void open(const std::string& file) {
+    start(file);
+}
+
 void beep() {}
 
 WaitCursor::WaitCursor() = default;

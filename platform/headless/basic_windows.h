@@ -11,19 +11,28 @@ namespace platform::headless {
 
 struct ButtonWindow : Control::Native {
     using Native::Native;
-    std::string caption;
+    KeyUse keyUse() const override { return KeyUse::press; }
+    std::vector<std::string> mnemonics() const override { return {mnemonic}; }
+    void key(int key, int shift) override;
+
+    std::string mnemonic;
+    std::string keyHint;
     std::uint32_t backColour = 0x8000000F;
 };
 
 struct LabelWindow : Control::Native {
     using Native::Native;
-    std::string caption;
+    std::vector<std::string> mnemonics() const override;
+
+    std::string text;
     Label::Style style = Label::Style::mnemonic;
 };
 
 struct TextBoxWindow : Control::Native {
     using Native::Native;
     void focusLost() override;
+    KeyUse keyUse() const override;
+    void key(int key, int shift) override;
     void typed(const std::string& newText);
     void entered();
     /// As the box can hold it.
@@ -36,6 +45,11 @@ struct TextBoxWindow : Control::Native {
 
 struct CheckBoxWindow : Control::Native {
     using Native::Native;
+    KeyUse keyUse() const override { return KeyUse::press; }
+    std::vector<std::string> mnemonics() const override { return {mnemonic}; }
+    void key(int key, int shift) override;
+
+    std::string mnemonic;
     bool checked = false;
 };
 
@@ -43,6 +57,8 @@ struct ComboBoxWindow : Control::Native {
     using Native::Native;
     void choose(int index);
     void typed(const std::string& newText);
+    KeyUse keyUse() const override;
+    void key(int key, int shift) override;
 
     ComboBox::Style style = ComboBox::Style::list;
     std::vector<std::string> items;
@@ -53,7 +69,9 @@ struct ComboBoxWindow : Control::Native {
 
 struct TabStripWindow : Control::Native {
     using Native::Native;
-    std::vector<std::string> tabs;
+    std::vector<std::string> mnemonics() const override { return tabs; }
+
+    std::vector<std::string> tabs;  ///< with their access keys
     int selected = 1;
 };
 
@@ -83,6 +101,7 @@ struct ScrollBarWindow : RangeWindow {
 
 struct SliderWindow : RangeWindow {
     using RangeWindow::RangeWindow;
+    KeyUse keyUse() const override { return KeyUse::range; }
     void changed() const override;
     void scrolled() const override;
     void draggedTo(int wanted);

@@ -25,6 +25,14 @@ void ComboBoxWindow::typed(const std::string& newText) {
     raise(static_cast<ComboBox&>(*control).onChange);
 }
 
+KeyUse ComboBoxWindow::keyUse() const {
+    return style == ComboBox::Style::editable ? KeyUse::text : KeyUse::range;
+}
+
+void ComboBoxWindow::key(int key, int shift) {
+    if (style == ComboBox::Style::editable) typed(text + characterOf(key, shift));
+}
+
 }  // namespace headless
 
 namespace {
@@ -123,7 +131,7 @@ int ComboBox::dropDownWidth() const {
 TabStrip::TabStrip(Container& parent, const std::string& name, const std::vector<std::string>& mnemonics)
     : Control(std::make_unique<TabStripWindow>(&parent.native(), name)) {
     for (const std::string& mnemonic : mnemonics)
-        window(*this).tabs.push_back(headless::withoutMnemonic(mnemonic));
+        window(*this).tabs.push_back(mnemonic);
 }
 
 int TabStrip::count() const {
@@ -132,7 +140,7 @@ int TabStrip::count() const {
 
 std::string TabStrip::tab(int index) const {
     checkIndex(index, 1, count());
-    return window(*this).tabs[static_cast<std::size_t>(index - 1)];
+    return headless::withoutMnemonic(window(*this).tabs[static_cast<std::size_t>(index - 1)]);
 }
 
 int TabStrip::selected() const {

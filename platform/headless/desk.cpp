@@ -31,7 +31,10 @@ void Desk::activate(FormWindow* form) {
 void Desk::setFocus(Control::Native* window) {
     if (focus_ == window) return;
     Control::Native* before = std::exchange(focus_, window);
-    if (window) window->form()->lastFocus = window;
+    if (window) {
+        window->form()->lastFocus = window;
+        window->focusTaken();
+    }
     if (before) before->focusLost();
 }
 

@@ -183,10 +183,13 @@ int openToRead(std::string_view path) {
     return file;
 }
 
-bool writeAll(int file, std::string_view content) {
+bool writeAll(int file, std::string_view content, const Continue& mayGoOn) {
+    const std::size_t all = content.size();
     while (!content.empty()) {
+        if (!mayGoOn(all - content.size())) return false;
         const Fault fault = faultAt(Call::write);
-        const std::size_t part = fault == Fault::cutShort ? (content.size() + 1) / 2 : content.size();
+        std::size_t part = std::min<std::size_t>(content.size(), 1U << 22);
+        if (fault == Fault::cutShort) part = (part + 1) / 2;
         ssize_t written = 0;
         if (!attempt(fault, [&] { return (written = ::write(file, content.data(), part)) >= 0; })) {
             if (errno == EINTR) continue;
@@ -348,21 +351,25 @@ std::string readAt(std::string_view path, std::uint64_t offset, std::size_t coun
     return content;
 }
 
-void replace(std::string_view path, std::string_view content) {
+bool replace(std::string_view path, std::string_view content, const Continue& goOn) {
     const std::string target = systemPath(path);
     const std::string parent = parentOf(target);
     if (isProtected(target)) throw cannotWrite(path, reasonOf(EACCES));
     std::string temporary;
     Descriptor file(createTemporary(parent, temporary));
     if (!file) throw cannotWrite(path, reasonOf(errno));
-    if (takeRights(file.get(), target) && writeAll(file.get(), content) && closeWritten(file) &&
-        moveOver(temporary, target)) {
+    bool stopped = false;
+    const auto mayGoOn = [&](std::size_t bytes) { return !(stopped = goOn && !goOn(bytes)); };
+    if (takeRights(file.get(), target) && writeAll(file.get(), content, mayGoOn) && closeWritten(file) &&
+        mayGoOn(content.size()) && moveOver(temporary, target)) {
         if (!flushDirectory(parent)) throw cannotWrite(path, reasonOf(errno));
-        return removeAbandoned(parent, target);
+        removeAbandoned(parent, target);
+        return true;
     }
     const int code = errno;
     file.close();
     deleteFile(temporary);
+    if (stopped) return false;
     throw cannotWrite(path, reasonOf(code));
 }
 

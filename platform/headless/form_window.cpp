@@ -1,11 +1,11 @@
 #include "platform/headless/form_window.h"
 
 #include <algorithm>
-#include <sstream>
 #include <utility>
 
 #include "platform/headless/desk.h"
 #include "platform/headless/event.h"
+#include "platform/window_placement.h"
 
 namespace platform {
 
@@ -70,6 +70,14 @@ void FormWindow::blockOwner() {
     Desk::instance().leave(*owner);
 }
 
+void FormWindow::keyDown(int key, int shift) {
+    Native* focus = Desk::instance().focus();
+    if (!holds(focus)) focus = this;
+    constexpr bool unlessItFails = true;  // such a key is not to be handled a second time
+    const bool taken = form().onKeyDown && ask(form().onKeyDown, unlessItFails, key, shift, focus->keyUse());
+    if (!taken && focus != this) focus->key(key, shift);
+}
+
 bool FormWindow::unload() {
     if (!loaded) return true;
     if (unloading) return false;
@@ -113,21 +121,21 @@ void FormWindow::dispatch(std::uint32_t message, std::uintptr_t wParam, std::int
 
 }  // namespace headless
 
+// Nothing is maximised here, and all monitors are one.
 std::string Form::placement() const {
-    const Rect at = bounds();
-    std::ostringstream text;
-    text << at.left << ' ' << at.top << ' ' << at.width() << ' ' << at.height();
-    return text.str();
+    return WindowPlacement{bounds(), 96, false}.text();
 }
 
 void Form::setPlacement(const std::string& placement) {
-    std::istringstream text(placement);
-    int left, top, width, height;
-    if (!(text >> left >> top >> width >> height) || width <= 0 || height <= 0) return;
-    if (!(text >> std::ws).eof()) return;
-    const Rect screen = Rect::at(0, 0, headless::monitor.width, headless::monitor.height);
-    if (!intersect(Rect::at(left, top, width, height), screen).empty())
-        move(Rect::at(left, top, width, height));
+    const auto stored = WindowPlacement::parse(placement);
+    const auto [right, bottom] = headless::monitor;
+    if (!stored || intersect(stored->restored, {0, 0, right, bottom}).empty()) return;
+    const Rect& at = stored->restored;
+    const int resolution = stored->resolution > 0 ? stored->resolution : 96;
+    const int width = std::min(at.width() * 96 / resolution, right);
+    const int height = std::min(at.height() * 96 / resolution, bottom);
+    move(Rect::at(std::clamp(at.left, 0, right - width), std::clamp(at.top, 0, bottom - height), width,
+                  height));
 }
 
 }  // namespace platform

@@ -36,6 +36,8 @@ struct FormWindow : Control::Native {
     void show();
     void hide();  ///< with what it did to its owner
     void blockOwner();
+    /// A key goes to the form, and unless that takes it to what has the focus.
+    void keyDown(int key, int shift);
     bool unload();
     /// As the user does it by the border: the limits hold.
     void resizeByUser(Size client);

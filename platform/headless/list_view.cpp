@@ -1,10 +1,10 @@
 #include "platform/list_view.h"
 
 #include <algorithm>
-#include <sstream>
 
 #include "platform/headless/desk.h"
 #include "platform/headless/list_window.h"
+#include "platform/list_layout.h"
 
 namespace platform {
 
@@ -20,16 +20,6 @@ ListWindow& window(const ListView& list) {
 ListWindow& withRow(const ListView& list, int row) {
     checkIndex(row, 1, list.count());
     return window(list);
-}
-
-constexpr int widestColumn = 10000;
-
-/// Each of 1 to n once.
-bool isOrder(std::vector<int> order) {
-    std::sort(order.begin(), order.end());
-    for (std::size_t i = 0; i < order.size(); ++i)
-        if (order[i] != static_cast<int>(i) + 1) return false;
-    return true;
 }
 
 }  // namespace
@@ -130,23 +120,23 @@ int ListView::columnCount() const {
 }
 
 std::string ListView::layout() const {
-    std::ostringstream text;
-    for (const int width : window(*this).widths) text << width << ' ';
-    for (const int column : window(*this).order) text << column << ' ';
-    return text.str();
+    return ListLayout{window(*this).widths, window(*this).order}.text();
 }
 
 void ListView::setLayout(const std::string& layout) {
     ListWindow& self = window(*this);
-    std::istringstream text(layout);
-    std::vector<int> widths(self.widths.size());
-    std::vector<int> order(self.order.size());
-    for (int& width : widths)
-        if (!(text >> width) || width < 0 || width > widestColumn) return;
-    for (int& column : order) text >> column;
-    if (!text || !isOrder(order) || !(text >> std::ws).eof()) return;
-    self.widths = widths;
-    self.order = order;
+    const auto restored = ListLayout{self.widths, self.order}.restored(layout);
+    if (!restored) return;
+    self.widths = restored->widths;
+    self.order = restored->order;
+}
+
+void ListView::moveColumn(int column, int place) {
+    ListWindow& self = window(*this);
+    checkIndex(column, 1, columnCount());
+    checkIndex(place, 1, columnCount());
+    std::erase(self.order, column);
+    self.order.insert(self.order.begin() + place - 1, column);
 }
 
 }  // namespace platform

@@ -15,6 +15,7 @@ struct ListWindow : Control::Native {
 
     ListView& list() const { return static_cast<ListView&>(*control); }
     void focusLost() override { editing = 0; }
+    KeyUse keyUse() const override { return editing != 0 ? KeyUse::text : KeyUse::rows; }
     void invalidateAll() override { queuePaint(); }
     /// Asks the owner for what can be seen, as painting would.
     void paint() override;
@@ -27,7 +28,7 @@ struct ListWindow : Control::Native {
 
     // By the user.
     void press(int row, MouseButton button, int shift);
-    void key(int key, int shift);
+    void key(int key, int shift) override;
     void finishEdit(const std::string& text);
 
     std::vector<int> widths;  ///< of the columns

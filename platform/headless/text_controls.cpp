@@ -2,6 +2,7 @@
 
 #include "platform/headless/basic_windows.h"
 #include "platform/headless/event.h"
+#include "platform/list_view.h"
 
 namespace platform {
 
@@ -11,6 +12,31 @@ using headless::LabelWindow;
 using headless::TextBoxWindow;
 
 namespace headless {
+
+void ButtonWindow::key(int key, int shift) {
+    if (shift == 0 && (key == keyCode::space || key == keyCode::enter))
+        raise(static_cast<Button&>(*control).onClick);
+}
+
+void CheckBoxWindow::key(int key, int shift) {
+    if (shift != 0 || key != keyCode::space) return;
+    checked = !checked;
+    raise(static_cast<CheckBox&>(*control).onClick);
+}
+
+std::vector<std::string> LabelWindow::mnemonics() const {
+    if (style != Label::Style::mnemonic) return {};
+    return {text};
+}
+
+KeyUse TextBoxWindow::keyUse() const {
+    return style == TextBox::Style::edit ? KeyUse::text : KeyUse::reading;
+}
+
+void TextBoxWindow::key(int key, int shift) {
+    if (key == keyCode::enter && style != TextBox::Style::output) return entered();
+    if (style == TextBox::Style::edit) typed(text + characterOf(key, shift));
+}
 
 void TextBoxWindow::typed(const std::string& newText) {
     text = held(newText);
@@ -54,15 +80,23 @@ Button::Button(Container& parent, const std::string& name, const std::string& mn
 }
 
 std::string Button::caption() const {
-    return window<ButtonWindow>(*this).caption;
+    return headless::withoutMnemonic(window<ButtonWindow>(*this).mnemonic);
 }
 
 void Button::setCaption(const std::string& mnemonic) {
-    window<ButtonWindow>(*this).caption = headless::withoutMnemonic(mnemonic);
+    window<ButtonWindow>(*this).mnemonic = mnemonic;
 }
 
 void Button::setPlainCaption(const std::string& text) {
-    window<ButtonWindow>(*this).caption = text;
+    window<ButtonWindow>(*this).mnemonic = headless::asMnemonic(text);
+}
+
+void Button::setKeyHint(const std::string& key) {
+    window<ButtonWindow>(*this).keyHint = key;
+}
+
+std::string Button::keyHint() const {
+    return window<ButtonWindow>(*this).keyHint;
 }
 
 void Button::setBackColour(std::uint32_t colour) {
@@ -80,12 +114,12 @@ Label::Label(Container& parent, const std::string& name, const std::string& text
 }
 
 std::string Label::caption() const {
-    return window<LabelWindow>(*this).caption;
+    const auto& self = window<LabelWindow>(*this);
+    return self.style == Style::mnemonic ? headless::withoutMnemonic(self.text) : self.text;
 }
 
 void Label::setCaption(const std::string& text) {
-    auto& self = window<LabelWindow>(*this);
-    self.caption = self.style == Style::mnemonic ? headless::withoutMnemonic(text) : text;
+    window<LabelWindow>(*this).text = text;
 }
 
 TextBox::TextBox(Container& parent, const std::string& name, Style style)
@@ -108,8 +142,10 @@ void TextBox::append(const std::string& line) {
     text += (text.empty() ? "" : "\r\n") + line;
 }
 
-CheckBox::CheckBox(Container& parent, const std::string& name, const std::string&)
-    : Control(std::make_unique<CheckBoxWindow>(&parent.native(), name)) {}
+CheckBox::CheckBox(Container& parent, const std::string& name, const std::string& mnemonic)
+    : Control(std::make_unique<CheckBoxWindow>(&parent.native(), name)) {
+    window<CheckBoxWindow>(*this).mnemonic = mnemonic;
+}
 
 bool CheckBox::checked() const {
     return window<CheckBoxWindow>(*this).checked;

@@ -36,6 +36,14 @@ void UserControlWindow::captureLost() {
     raise(userControl().onCaptureLost);
 }
 
+void UserControlWindow::showFocus(bool on) {
+    if (std::exchange(showsFocus, on) != on && tabStop) invalidateAll();
+}
+
+void UserControlWindow::key(int key, int shift) {
+    ask(userControl().onKeyDown, false, key, shift);
+}
+
 void UserControlWindow::invalidateAll() {
     invalid_.clear();
     invalidate(client());
@@ -62,7 +70,9 @@ void UserControlWindow::paint() {
 }
 
 void UserControlWindow::mouseDown(MouseButton button, int shift, Point point) {
+    focusByMouse_ = true;
     if (tabStop) focus();
+    focusByMouse_ = false;
     pressed_ = button == MouseButton::left;
     raise(userControl().onMouseDown, button, shift, point);
 }
@@ -122,6 +132,13 @@ void UserControl::setCapture(bool capture) {
 void UserControl::setTabStop(bool tabStop) {
     window(*this).tabStop = tabStop;
 }
+
+bool UserControl::showsFocus() const {
+    return window(*this).showsFocus;
+}
+
+// Nobody listens to a window in memory.
+void UserControl::setRole(Role) {}
 
 std::intptr_t UserControl::hWnd() const {
     return reinterpret_cast<std::intptr_t>(native_.get());

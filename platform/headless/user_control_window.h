@@ -14,6 +14,9 @@ struct UserControlWindow : Control::Native {
     UserControl& userControl() const { return static_cast<UserControl&>(*control); }
     void resized() override;
     void captureLost() override;
+    void focusTaken() override { showFocus(!focusByMouse_); }
+    void focusLost() override { showFocus(false); }
+    void key(int key, int shift) override;
     void invalidateAll() override;
     void paint() override;
     void invalidate(Rect area);
@@ -26,7 +29,12 @@ struct UserControlWindow : Control::Native {
     Pointer pointer = Pointer::arrow;
     bool tabStop = false;  // there is no Tab key here, but a press of the mouse goes by it
 
+    bool showsFocus = false;
+
   private:
+    void showFocus(bool on);
+
+    bool focusByMouse_ = false;  // while it comes
     Surface screen_;
     std::vector<Rect> invalid_;
     bool pressed_ = false;  // by the left button

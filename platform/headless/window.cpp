@@ -5,6 +5,7 @@
 
 #include "platform/errors.h"
 #include "platform/headless/desk.h"
+#include "platform/list_view.h"
 
 namespace platform {
 
@@ -93,6 +94,19 @@ std::string withoutMnemonic(const std::string& text) {
         result += text[i];
     }
     return result;
+}
+
+std::string asMnemonic(const std::string& text) {
+    std::string result;
+    for (const char c : text) result.append(c == '&' ? 2 : 1, c);
+    return result;
+}
+
+std::string characterOf(int key, int shift) {
+    if (shift != 0) return {};
+    if (key >= keyCode::numpad0 && key <= keyCode::numpad0 + 9) key += '0' - keyCode::numpad0;
+    const bool isTyped = key == keyCode::space || (key >= '0' && key <= '9') || (key >= 'A' && key <= 'Z');
+    return isTyped ? std::string(1, static_cast<char>(key)) : std::string();
 }
 
 void checkIndex(int index, int first, int last) {

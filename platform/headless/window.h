@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/control.h"
+#include "platform/form.h"
 
 namespace platform {
 
@@ -20,10 +21,18 @@ struct Control::Native {
 
     // What a kind of window does about it; most do nothing.
     virtual void resized() {}
+    virtual void focusTaken() {}
     virtual void focusLost() {}
     virtual void captureLost() {}
     virtual void invalidateAll() {}
     virtual void paint() {}
+
+    // Keyboard.
+    virtual KeyUse keyUse() const { return KeyUse::none; }
+    /// Its texts with the "&" of the access key.
+    virtual std::vector<std::string> mnemonics() const { return {}; }
+    /// A key that the form leaves to it.
+    virtual void key(int /*key*/, int /*shift*/) {}
 
     bool seen() const;                             ///< visible, with all its parents
     bool usable() const;                           ///< seen, and enabled with all its parents
@@ -53,6 +62,12 @@ namespace headless {
 
 /// The caption as the user reads it: without the "&" of the access key, "&&" as "&".
 std::string withoutMnemonic(const std::string& text);
+
+/// The other way round: a text that is shown as it is.
+std::string asMnemonic(const std::string& text);
+
+/// What the key types: digits, capitals and blanks are all that is needed here.
+std::string characterOf(int key, int shift);
 
 /// RuntimeError subscriptOutOfRange unless first <= index <= last. Windows would ignore most such calls; here
 /// they shall be noticed.

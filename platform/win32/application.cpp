@@ -14,6 +14,9 @@
 #include "platform/win32/report.h"
 #include "platform/win32/wide.h"
 
+// After <windows.h>, which it needs.
+#include <shellapi.h>
+
 namespace platform {
 
 namespace win32 {
@@ -103,6 +106,21 @@ void start(const std::string& program) {
     CloseHandle(process.hProcess);
 }
 
+void open(const std::string& file) {
+    const std::wstring path = wide(file);
+    SHELLEXECUTEINFOW wanted{};
+    wanted.cbSize = sizeof wanted;
+    wanted.fMask = SEE_MASK_FLAG_NO_UI;
+    wanted.lpFile = path.c_str();
+    wanted.nShow = SW_SHOWNORMAL;
+    if (ShellExecuteExW(&wanted)) return;
+    const DWORD code = GetLastError();
+    if (code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND)
+        throw RuntimeError(error::fileNotFound, "Datei nicht gefunden: " + file);
+    throw RuntimeError(error::fileError,
+                       "Die Datei " + file + " kann nicht geöffnet werden: " + lastErrorText(code));
+}
+
 void beep() {
     MessageBeep(MB_OK);
 }
@@ -115,7 +133,10 @@ WaitCursor::~WaitCursor() {
     if (--win32::waitCursors > 0) return;
     // The window below the mouse shows its own pointer again.
     POINT at{};
-    if (GetCursorPos(&at)) SetCursorPos(at.x, at.y);
+    const HWND below = GetCursorPos(&at) ? WindowFromPoint(at) : nullptr;
+    if (!Control::Native::holding(below)) return;
+    const LRESULT part = SendMessageW(below, WM_NCHITTEST, 0, MAKELPARAM(at.x, at.y));
+    SendMessageW(below, WM_SETCURSOR, reinterpret_cast<WPARAM>(below), MAKELPARAM(part, WM_MOUSEMOVE));
 }
 
 }  // namespace application

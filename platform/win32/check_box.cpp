@@ -16,6 +16,8 @@ class CheckBoxWindow : public Control::Native {
         setText(caption);
     }
 
+    long accessibleRole() const override { return win32::role::checkButton; }
+    KeyUse keyUse() const override { return KeyUse::press; }
     std::vector<std::string> mnemonics() const override { return {mnemonic_}; }
     void access(std::size_t) override { send(BM_CLICK); }
     HBRUSH ground(HBRUSH behind) const override { return behind; }

@@ -32,6 +32,15 @@ HWND ComboBoxWindow::keyWindow() const {
     return hasField ? info.hwndItem : window;
 }
 
+KeyUse ComboBoxWindow::keyUse() const {
+    const bool takesAll = style_ == ComboBox::Style::editable || send(CB_GETDROPPEDSTATE);
+    return takesAll ? KeyUse::text : KeyUse::range;
+}
+
+wheel::Use ComboBoxWindow::wheelUse() const {
+    return send(CB_GETDROPPEDSTATE) ? wheel::Use::keeps : wheel::Use::ignores;
+}
+
 // The system takes the height of a combo box for that of its list; the closed box follows from the height of
 // its field.
 void ComboBoxWindow::move(Rect wanted) {

@@ -15,6 +15,9 @@ class ComboBoxWindow : public Control::Native {
     ComboBoxWindow(Native* parentWindow, const std::string& controlName, ComboBox::Style style);
 
     HWND keyWindow() const override;
+    long accessibleRole() const override { return win32::role::comboBox; }
+    KeyUse keyUse() const override;
+    win32::wheel::Use wheelUse() const override;
     void move(Rect wanted) override;
     void fontChanged() override;
     void command(int id, int code) override;

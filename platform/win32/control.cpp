@@ -50,7 +50,7 @@ bool Control::focused() const {
 }
 
 void Control::setAccessibleName(const std::string& name) {
-    win32::setAccessibleName(native_->window, name);
+    win32::setAccessibleName(*native_, name);
 }
 
 void Control::setToolTip(const std::string& text) {

@@ -170,10 +170,12 @@ HANDLE createTemporary(std::string_view target, std::wstring& name) {
     }
 }
 
-bool writeAll(HANDLE file, std::string_view content) {
+bool writeAll(HANDLE file, std::string_view content, const Continue& mayGoOn) {
+    const std::size_t all = content.size();
     while (!content.empty()) {
+        if (!mayGoOn(all - content.size())) return false;
         const Fault fault = faultAt(Call::write);
-        auto part = static_cast<DWORD>(std::min<std::size_t>(content.size(), 1U << 30));
+        auto part = static_cast<DWORD>(std::min<std::size_t>(content.size(), 1U << 22));
         if (fault == Fault::cutShort) part = (part + 1) / 2;
         DWORD written = 0;
         if (!attempt(fault, [&] { return WriteFile(file, content.data(), part, &written, nullptr) != 0; }))
@@ -320,7 +322,7 @@ std::string readAt(std::string_view path, std::uint64_t offset, std::size_t coun
     return content;
 }
 
-void replace(std::string_view path, std::string_view content) {
+bool replace(std::string_view path, std::string_view content, const Continue& goOn) {
     const std::wstring target = systemPath(path);
     const DWORD old = GetFileAttributesW(target.c_str());
     if (old != INVALID_FILE_ATTRIBUTES && (old & FILE_ATTRIBUTE_READONLY) != 0)
@@ -328,11 +330,17 @@ void replace(std::string_view path, std::string_view content) {
     std::wstring temporary;
     Handle file(createTemporary(path, temporary));
     if (!file) throw cannotWrite(path, lastErrorText(GetLastError()));
-    if (writeAll(file.get(), content) && closeWritten(file) && moveOver(temporary, target))
-        return removeAbandoned(path);
+    bool stopped = false;
+    const auto mayGoOn = [&](std::size_t bytes) { return !(stopped = goOn && !goOn(bytes)); };
+    if (writeAll(file.get(), content, mayGoOn) && closeWritten(file) && mayGoOn(content.size()) &&
+        moveOver(temporary, target)) {
+        removeAbandoned(path);
+        return true;
+    }
     const DWORD code = GetLastError();
     file.close();
     deleteFile(temporary);
+    if (stopped) return false;
     throw cannotWrite(path, lastErrorText(code));
 }
 

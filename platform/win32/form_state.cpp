@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <sstream>
+#include <utility>
 
 #include "platform/win32/event.h"
 #include "platform/win32/failure.h"
@@ -17,24 +17,25 @@ void FormWindow::sizeFor(Size clientAt96) {
     const auto style = static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE));
     const auto extended = static_cast<DWORD>(GetWindowLongW(window, GWL_EXSTYLE));
     require(AdjustWindowRectExForDpi(&r, style, FALSE, extended, static_cast<UINT>(dpi_)), "Fenster anlegen");
-    placeOnMonitor({r.right - r.left, r.bottom - r.top});
+    placeOnMonitor(Rect::at(bounds().left, bounds().top, r.right - r.left, r.bottom - r.top));
 }
 
-// Where the system put it, but wholly on its monitor, however small that is.
-void FormWindow::placeOnMonitor(Size outer) {
+// There, but wholly on one monitor, however small that is.
+void FormWindow::placeOnMonitor(Rect wanted) {
+    const RECT place{wanted.left, wanted.top, wanted.right, wanted.bottom};
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
-    Rect place = Rect::at(bounds().left, bounds().top, outer.width, outer.height);
-    if (GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor)) {
+    if (GetMonitorInfoW(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor)) {
         const RECT& work = monitor.rcWork;
-        const int width = std::min(outer.width, static_cast<int>(work.right - work.left));
-        const int height = std::min(outer.height, static_cast<int>(work.bottom - work.top));
-        place = Rect::at(
-            std::max(static_cast<int>(work.left), std::min(place.left, static_cast<int>(work.right) - width)),
-            std::max(static_cast<int>(work.top), std::min(place.top, static_cast<int>(work.bottom) - height)),
-            width, height);
+        const int width = std::min(wanted.width(), static_cast<int>(work.right - work.left));
+        const int height = std::min(wanted.height(), static_cast<int>(work.bottom - work.top));
+        wanted = Rect::at(std::max(static_cast<int>(work.left),
+                                   std::min(wanted.left, static_cast<int>(work.right) - width)),
+                          std::max(static_cast<int>(work.top),
+                                   std::min(wanted.top, static_cast<int>(work.bottom) - height)),
+                          width, height);
     }
-    SetWindowPos(window, nullptr, place.left, place.top, place.width(), place.height(),
+    SetWindowPos(window, nullptr, wanted.left, wanted.top, wanted.width(), wanted.height(),
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -83,7 +84,8 @@ void FormWindow::show() {
         send(WM_CHANGEUISTATE, MAKEWPARAM(UIS_INITIALIZE, 0));
         if (options_.dialog && !placed_) centreOverOwner();
         raise(owner().onResize);  // once it can be seen, every move of a control costs a repaint
-        ShowWindow(window, SW_SHOW);
+        ShowWindow(window, std::exchange(maximise_, false) ? SW_SHOWMAXIMIZED : SW_SHOW);
+        arriving_.reset();
     } else if (IsIconic(window)) {
         ShowWindow(window, SW_RESTORE);
     }
@@ -125,23 +127,34 @@ std::string FormWindow::placement() const {
     place.length = sizeof place;
     require(GetWindowPlacement(window, &place), "Lage des Fensters ermitteln");
     const RECT& r = place.rcNormalPosition;
-    std::ostringstream text;
-    text << r.left << ' ' << r.top << ' ' << r.right - r.left << ' ' << r.bottom - r.top;
-    return text.str();
+    const bool maximised =
+        maximise_ || IsZoomed(window) || (IsIconic(window) && (place.flags & WPF_RESTORETOMAXIMIZED) != 0);
+    return WindowPlacement{{r.left, r.top, r.right, r.bottom}, dpi_, maximised}.text();
 }
 
 void FormWindow::setPlacement(const std::string& text) {
-    std::istringstream numbers(text);
-    int left, top, width, height;
-    if (!(numbers >> left >> top >> width >> height) || width <= 0 || height <= 0) return;
-    if (!(numbers >> std::ws).eof()) return;
-    const Rect r = Rect::at(left, top, width, height);
+    arriving_ = WindowPlacement::parse(text);
+    if (!arriving_) return;
+    if (arriving_->resolution == 0) arriving_->resolution = dpi_;
+    const Rect& r = arriving_->restored;
     WINDOWPLACEMENT place{};
     place.length = sizeof place;
     place.showCmd = visible ? SW_SHOWNORMAL : SW_HIDE;
     place.rcNormalPosition = {r.left, r.top, r.right, r.bottom};
-    if (!MonitorFromRect(&place.rcNormalPosition, MONITOR_DEFAULTTONULL)) return;
-    placed_ = SetWindowPlacement(window, &place) != 0;
+    placed_ = MonitorFromRect(&place.rcNormalPosition, MONITOR_DEFAULTTONULL) != nullptr &&
+              SetWindowPlacement(window, &place) != 0;
+    maximise_ = placed_ && arriving_->maximised && !options_.dialog;
+    if (placed_) takeStoredSize();
+    if (visible || !placed_) arriving_.reset();
+}
+
+// A size was stored in the pixels of some monitor. On another one the system would scale it once more, and
+// that once for each start.
+void FormWindow::takeStoredSize() {
+    if (IsZoomed(window)) return;
+    const auto scaled = [this](int size) { return MulDiv(size, dpi_, arriving_->resolution); };
+    placeOnMonitor(Rect::at(bounds().left, bounds().top, scaled(arriving_->restored.width()),
+                            scaled(arriving_->restored.height())));
 }
 
 void FormWindow::renewFont() {
@@ -155,8 +168,11 @@ void FormWindow::renewFont() {
 Handled FormWindow::resolutionChanged(int dpi, const RECT& suggested) {
     dpi_ = dpi;
     renewFont();
-    SetWindowPos(window, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    if (arriving_)
+        takeStoredSize();
+    else
+        SetWindowPos(window, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+                     suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
     raise(owner().onResize);
     return done;
 }

@@ -29,7 +29,8 @@ FormWindow::FormWindow(const std::string& formName, const std::string& caption, 
     const DWORD dialogStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME;
     createOwn({.windowClass = formName,
                .style = options_.dialog ? dialogStyle : WS_OVERLAPPEDWINDOW,
-               .extendedStyle = WS_EX_CONTROLPARENT | (options_.dialog ? WS_EX_DLGMODALFRAME : 0U),
+               .extendedStyle = WS_EX_CONTROLPARENT |
+                                static_cast<DWORD>(options_.dialog ? WS_EX_DLGMODALFRAME : WS_EX_ACCEPTFILES),
                .bounds = Rect::at(CW_USEDEFAULT, 0, 0, 0),
                .caption = caption,
                .owner = options_.owner ? options_.owner->native().window : nullptr});
@@ -66,6 +67,7 @@ Handled FormWindow::handle(const Message& m) {
         on<WM_QUERYENDSESSION, &FormWindow::sessionEndAsked>(),
         on<WM_ENDSESSION, &FormWindow::sessionEnded>(),
         on<WM_SETCURSOR, &FormWindow::choosePointer>(),
+        on<WM_DROPFILES, &FormWindow::filesDropped>(),
     };
     if (!control) return std::nullopt;  // it is being made, or taken down
     Message seen = m;
@@ -74,6 +76,12 @@ Handled FormWindow::handle(const Message& m) {
     if (const Handled result = ContainerWindow::handle(seen)) return result;
     if (seen.lParam != m.lParam) return passOn(seen);
     return std::nullopt;
+}
+
+bool FormWindow::takesKey(int key, KeyUse focus) {
+    if (!control || !owner().onKeyDown) return false;
+    constexpr bool unlessItFails = true;  // such a key is not to be handled a second time
+    return ask(owner().onKeyDown, unlessItFails, key, shiftNow(), focus);
 }
 
 bool FormWindow::hooked(Message& m) {
@@ -168,6 +176,23 @@ Handled FormWindow::choosePointer(HWND, int hit) {
     return TRUE;
 }
 
+Handled FormWindow::filesDropped(HDROP dropped) {
+    std::vector<std::string> paths;
+    const UINT count = DragQueryFileW(dropped, 0xFFFFFFFF, nullptr, 0);
+    for (UINT i = 0; i < count; ++i) {
+        std::wstring path(DragQueryFileW(dropped, i, nullptr, 0) + std::size_t{1}, L'\0');
+        path.resize(DragQueryFileW(dropped, i, path.data(), static_cast<UINT>(path.size())));
+        paths.push_back(narrow(path));
+    }
+    DragFinish(dropped);
+    // It may have been dropped before a dialog came up.
+    if (!IsWindowEnabled(window)) return done;
+    SetForegroundWindow(
+        window);  // a question that it asks stands over the window that they were dragged from
+    raise(owner().onFilesDropped, paths);
+    return done;
+}
+
 void FormWindow::setToolTip(const Native& target, const std::string& text) {
     if (!toolTips_) {
         toolTips_ = require(
@@ -177,7 +202,7 @@ void FormWindow::setToolTip(const Native& target, const std::string& text) {
     }
     TTTOOLINFOW tool{};
     tool.cbSize = sizeof tool;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.uFlags = TTF_IDISHWND;
     tool.hwnd = window;
     tool.uId = reinterpret_cast<UINT_PTR>(target.window);
     SendMessageW(toolTips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
@@ -185,6 +210,13 @@ void FormWindow::setToolTip(const Native& target, const std::string& text) {
     std::wstring shown = wide(text);
     tool.lpszText = shown.data();
     require(SendMessageW(toolTips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool)), "Hinweis anlegen");
+}
+
+// The hints could watch their controls themselves, but each message to such a control would cost more then.
+void FormWindow::relayToToolTips(const MSG& mouse) const {
+    if (!toolTips_) return;
+    MSG message = mouse;
+    SendMessageW(toolTips_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&message));
 }
 
 FormWindow* FormWindow::topModal() {

@@ -11,6 +11,7 @@
 #include "platform/metrics.h"
 #include "platform/timer.h"
 #include "platform/win32/container_window.h"
+#include "platform/window_placement.h"
 
 namespace platform {
 
@@ -50,6 +51,8 @@ class FormWindow : public ContainerWindow {
     bool unload();
     bool loaded() const { return loaded_; }
     bool isDialog() const { return options_.dialog; }
+    /// Whether the form takes the key away from the control that has the focus.
+    bool takesKey(int key, KeyUse focus);
     /// The form that is shown modally above all others, or null.
     static FormWindow* topModal();
 
@@ -62,6 +65,7 @@ class FormWindow : public ContainerWindow {
     int resolution() const { return dpi_; }
     const Metrics& metrics();
 
+    void relayToToolTips(const MSG& mouse) const;
     void setToolTip(const Native& target, const std::string& text);
     /// It gets the focus when the window is shown.
     void focusLater(const Native& target) { focusAtActivation_ = target.keyWindow(); }
@@ -88,9 +92,11 @@ class FormWindow : public ContainerWindow {
     Handled sessionEndAsked();
     Handled sessionEnded(bool ends);
     Handled choosePointer(HWND below, int hit);
+    Handled filesDropped(HDROP dropped);
 
     void sizeFor(Size clientAt96);
-    void placeOnMonitor(Size outer);
+    void placeOnMonitor(Rect wanted);
+    void takeStoredSize();
     void centreOverOwner();
     void renewFont();
     void blockOwner();
@@ -99,7 +105,9 @@ class FormWindow : public ContainerWindow {
     Form::Options options_;
     bool loaded_ = true;
     bool unloading_ = false;
-    bool placed_ = false;  // by the program
+    bool placed_ = false;                      // by the program
+    bool maximise_ = false;                    // when it is shown
+    std::optional<WindowPlacement> arriving_;  // where it was put, until it is on the screen
     bool blocksOwner_ = false;
     int modalAbove_ = 0;  // dialogs that keep it from input
     Size minimum_{};

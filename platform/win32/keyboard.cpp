@@ -50,7 +50,8 @@ void showCues(const FormWindow& form, WORD cues) {
 
 void give(Native& target) {
     target.focus();
-    if (target.send(WM_GETDLGCODE) & DLGC_HASSETSEL) SendMessageW(target.keyWindow(), EM_SETSEL, 0, -1);
+    const HWND field = target.keyWindow();
+    if (SendMessageW(field, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) SendMessageW(field, EM_SETSEL, 0, -1);
 }
 
 void step(FormWindow& form, bool backwards) {
@@ -129,6 +130,7 @@ bool pressEscape(const FormWindow& form) {
 }
 
 bool keyDown(FormWindow& form, const Native& focused, const MSG& message) {
+    if (form.takesKey(static_cast<int>(message.wParam), focused.keyUse())) return true;
     const LRESULT wants =
         SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam, reinterpret_cast<LPARAM>(&message));
     if (wants & DLGC_WANTALLKEYS) return false;
@@ -176,7 +178,7 @@ Native* firstStop(FormWindow& form) {
 }
 
 void leave(Native& native) {
-    if (!native.window) return;
+    if (!native.window || !native.form().visible) return;
     const HWND mouse = GetCapture();
     if (mouse && (mouse == native.window || IsChild(native.window, mouse))) ReleaseCapture();
     if (!native.hasFocus()) return;

@@ -29,6 +29,7 @@ class LabelWindow : public Control::Native {
         if (style_ != Label::Style::mnemonic) return {};
         return {text_};
     }
+    long accessibleRole() const override { return win32::role::staticText; }
     HBRUSH ground(HBRUSH behind) const override { return behind; }
 
   private:

@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <sstream>
+#include <utility>
 
 #include "platform/win32/failure.h"
 #include "platform/win32/form_window.h"
@@ -11,9 +11,8 @@ namespace platform::win32 {
 
 namespace {
 
-constexpr int cellMargin = 6;        // at 96 dots per inch, on both sides of a cell's text
-constexpr int widestColumn = 10000;  // in a layout
-constexpr int few = 8;               // selected rows that are cheaper to find than to clear all
+constexpr int cellMargin = 6;  // at 96 dots per inch, on both sides of a cell's text
+constexpr int few = 8;         // selected rows that are cheaper to find than to clear all
 
 WPARAM every() {
     return static_cast<WPARAM>(-1);
@@ -23,14 +22,6 @@ int alignment(ListView::Align align) {
     return align == ListView::Align::right    ? LVCFMT_RIGHT
            : align == ListView::Align::centre ? LVCFMT_CENTER
                                               : LVCFMT_LEFT;
-}
-
-/// Each of 1 to n once.
-bool isOrder(std::vector<int> order) {
-    std::sort(order.begin(), order.end());
-    for (std::size_t i = 0; i < order.size(); ++i)
-        if (order[i] != static_cast<int>(i) + 1) return false;
-    return true;
 }
 
 }  // namespace
@@ -133,6 +124,7 @@ bool ListWindow::deselectFew(int but) {
 
 void ListWindow::selectOnly(int wanted) {
     const Quiet quiet(*this);
+    bringIntoView(wanted);
     if (!deselectFew(wanted)) {
         const NoRedraw noRedraw(*this);
         setState(-1, 0, LVIS_SELECTED);
@@ -140,6 +132,14 @@ void ListWindow::selectOnly(int wanted) {
     setState(index(wanted), LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     send(LVM_SETSELECTIONMARK, 0, index(wanted));  // where a range by the Shift key begins
     ensureVisible(wanted);
+}
+
+// Half a page at a time: who goes from row to row sees what comes next, and most steps scroll nothing.
+void ListWindow::bringIntoView(int wanted) {
+    const int top = static_cast<int>(send(LVM_GETTOPINDEX));
+    const int page = static_cast<int>(send(LVM_GETCOUNTPERPAGE));
+    const int beyond = index(wanted) < top ? -page / 2 : index(wanted) >= top + page ? page / 2 : 0;
+    if (beyond != 0) ensureVisible(std::clamp(wanted + beyond, 1, count()));
 }
 
 int ListWindow::focusRow() const {
@@ -167,26 +167,37 @@ int ListWindow::hitTest(Point point) const {
     return std::max(0, row(send(LVM_SUBITEMHITTEST, 0, &hit)));
 }
 
-// Widths at 96 dots per inch, so that they mean the same on another monitor, then the columns from the left.
-std::string ListWindow::layout() const {
-    std::vector<int> order(static_cast<std::size_t>(columnCount_));
-    send(LVM_GETCOLUMNORDERARRAY, order.size(), order.data());
-    std::ostringstream text;
+// Widths at 96 dots per inch, so that they mean the same on another monitor.
+ListLayout ListWindow::columns() const {
+    ListLayout now{{}, std::vector<int>(static_cast<std::size_t>(columnCount_))};
     for (int i = 0; i < columnCount_; ++i)
-        text << MulDiv(static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(i))), 96, dpi()) << ' ';
-    for (const int column : order) text << column + 1 << ' ';
-    return text.str();
+        now.widths.push_back(
+            MulDiv(static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(i))), 96, dpi()));
+    send(LVM_GETCOLUMNORDERARRAY, now.order.size(), now.order.data());
+    for (int& column : now.order) ++column;
+    return now;
 }
 
-void ListWindow::setLayout(const std::string& layoutText) {
-    std::istringstream text(layoutText);
-    std::vector<int> widths(static_cast<std::size_t>(columnCount_));
-    std::vector<int> order(widths.size());
-    for (int& width : widths)
-        if (!(text >> width) || width < 0 || width > widestColumn) return;
-    for (int& column : order) text >> column;
-    if (!text || !isOrder(order) || !(text >> std::ws).eof()) return;
-    for (std::size_t i = 0; i < widths.size(); ++i) send(LVM_SETCOLUMNWIDTH, i, MulDiv(widths[i], dpi(), 96));
+std::string ListWindow::layout() const {
+    return columns().text();
+}
+
+void ListWindow::setLayout(const std::string& text) {
+    const auto wanted = columns().restored(text);
+    if (!wanted) return;
+    for (std::size_t i = 0; i < wanted->widths.size(); ++i)
+        send(LVM_SETCOLUMNWIDTH, i, MulDiv(wanted->widths[i], dpi(), 96));
+    arrange(wanted->order);
+}
+
+void ListWindow::moveColumn(int column, int place) {
+    std::vector<int> order = columns().order;
+    std::erase(order, column);
+    order.insert(order.begin() + place - 1, column);
+    arrange(std::move(order));
+}
+
+void ListWindow::arrange(std::vector<int> order) {
     for (int& column : order) --column;
     send(LVM_SETCOLUMNORDERARRAY, order.size(), order.data());
     InvalidateRect(window, nullptr, FALSE);

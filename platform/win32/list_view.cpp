@@ -106,4 +106,10 @@ void ListView::setLayout(const std::string& layout) {
     window(*this).setLayout(layout);
 }
 
+void ListView::moveColumn(int column, int place) {
+    win32::checkIndex(column, 1, columnCount());
+    win32::checkIndex(place, 1, columnCount());
+    window(*this).moveColumn(column, place);
+}
+
 }  // namespace platform

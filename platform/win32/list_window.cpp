@@ -7,6 +7,7 @@
 #include <uxtheme.h>
 
 #include "platform/text.h"
+#include "platform/win32/colours.h"
 #include "platform/win32/event.h"
 #include "platform/win32/form_window.h"
 #include "platform/win32/wide.h"
@@ -17,6 +18,7 @@ namespace platform::win32 {
 namespace {
 
 constexpr UINT editLabelMessage = WM_APP + 2;
+constexpr int wheelStep = 48;  // pixels at 96 dots per inch, for one notch sideways
 
 /// The button of any of its messages.
 MouseButton buttonOf(UINT message) {
@@ -26,12 +28,6 @@ MouseButton buttonOf(UINT message) {
 struct SelectionColours {
     COLORREF text, background;
 };
-
-bool isHighContrast() {
-    HIGHCONTRASTW contrast{sizeof contrast, 0, nullptr};
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) != 0 &&
-           (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
 
 /// The system's highlight, a third of it over the window's background.
 SelectionColours quietSelection() {
@@ -65,11 +61,12 @@ ListWindow::ListWindow(Native* parentWindow, const std::string& controlName,
 
 Handled ListWindow::handle(const Message& m) {
     static constexpr Route<ListWindow> routes[] = {
-        raw<WM_LBUTTONDOWN, &ListWindow::pressed>(), raw<WM_RBUTTONDOWN, &ListWindow::pressed>(),
-        raw<WM_MBUTTONDOWN, &ListWindow::pressed>(), raw<WM_LBUTTONUP, &ListWindow::released>(),
-        raw<WM_RBUTTONUP, &ListWindow::released>(),  raw<WM_MBUTTONUP, &ListWindow::released>(),
-        raw<WM_KEYDOWN, &ListWindow::keyPressed>(),  raw<WM_CHAR, &ListWindow::typed>(),
-        on<WM_KEYUP, &ListWindow::keyReleased>(),    raw<editLabelMessage, &ListWindow::editPosted>(),
+        raw<WM_LBUTTONDOWN, &ListWindow::pressed>(),   raw<WM_RBUTTONDOWN, &ListWindow::pressed>(),
+        raw<WM_MBUTTONDOWN, &ListWindow::pressed>(),   raw<WM_LBUTTONUP, &ListWindow::released>(),
+        raw<WM_RBUTTONUP, &ListWindow::released>(),    raw<WM_MBUTTONUP, &ListWindow::released>(),
+        raw<WM_KEYDOWN, &ListWindow::keyPressed>(),    raw<WM_CHAR, &ListWindow::typed>(),
+        on<WM_KEYUP, &ListWindow::keyReleased>(),      raw<editLabelMessage, &ListWindow::editPosted>(),
+        on<WM_MOUSEWHEEL, &ListWindow::wheelTurned>(),
     };
     if (!control) return std::nullopt;
     return dispatch(*this, routes, m);
@@ -252,6 +249,16 @@ Handled ListWindow::labelEdited(NMLVDISPINFOW& info) {
     endingEdit_ = false;
     if (edited <= count()) redraw(edited);
     return taken;
+}
+
+// Upwards and downwards the list turns itself; sideways only some systems' lists do.
+Handled ListWindow::wheelTurned(int distance, int shift, Point) {
+    if ((shift & shiftKey::shift) == 0) return std::nullopt;
+    wheelRest_ -= distance * form().metrics().px(wheelStep);
+    const int way = wheelRest_ / WHEEL_DELTA;
+    wheelRest_ -= way * WHEEL_DELTA;
+    if (way != 0) send(LVM_SCROLL, static_cast<WPARAM>(way), 0);
+    return done;
 }
 
 void ListWindow::editLabel(int wanted) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/list_layout.h"
 #include "platform/list_view.h"
 #include "platform/win32/image_list.h"
 #include "platform/win32/native.h"
@@ -21,6 +22,8 @@ class ListWindow : public Control::Native {
     Handled handle(const Message& m) override;
     Handled notify(NMHDR& header) override;
     void fontChanged() override;
+    long accessibleRole() const override { return win32::role::list; }
+    KeyUse keyUse() const override { return send(LVM_GETEDITCONTROL) ? KeyUse::text : KeyUse::rows; }
 
     int count() const { return static_cast<int>(send(LVM_GETITEMCOUNT)); }
     void setCount(int rows);
@@ -36,6 +39,7 @@ class ListWindow : public Control::Native {
     void selectOnly(int row);
     int focusRow() const;
     void ensureVisible(int row);
+    void bringIntoView(int row);
     void redraw(int row);
     void editLabel(int row);
     int hitTest(Point point) const;
@@ -43,6 +47,7 @@ class ListWindow : public Control::Native {
     int columnCount() const { return columnCount_; }
     std::string layout() const;
     void setLayout(const std::string& text);
+    void moveColumn(int column, int place);
     HWND header() const;
 
   private:
@@ -50,6 +55,8 @@ class ListWindow : public Control::Native {
     static int index(int row) { return row - 1; }
     static int row(LRESULT index) { return static_cast<int>(index) + 1; }
     void insertColumn(int position, const ListView::Column& column);
+    ListLayout columns() const;
+    void arrange(std::vector<int> order);  ///< columns from the left
 
     // Messages.
     Handled pressed(const Message& m);
@@ -58,6 +65,7 @@ class ListWindow : public Control::Native {
     Handled typed(const Message& m);
     void keyReleased(int key, int shift);
     Handled editPosted(const Message& m);
+    Handled wheelTurned(int distance, int shift, Point onScreen);
     LRESULT follow(const Message& m);
     void raiseMouseUp(MouseButton button, int shift, Point point);
     bool selectsAll(int key, int shift) const;
@@ -85,6 +93,7 @@ class ListWindow : public Control::Native {
     int userAction_ = 0;    // brackets around what the user does
     bool changed_ = false;  // the selection, since the outermost bracket began
     bool endingEdit_ = false;
+    int wheelRest_ = 0;                   // of the way sideways, that was less than a pixel
     std::optional<MouseButton> pressed_;  // whose release was not told yet
     std::optional<Point> swallowedRelease_;
 };

@@ -1,13 +1,28 @@
 #include "platform/win32/loop.h"
 
+#include "platform/win32/form_window.h"
 #include "platform/win32/keyboard.h"
 #include "platform/win32/press.h"
+#include "platform/win32/wheel.h"
 
 namespace platform::win32 {
 
-void dispatch(const MSG& message) {
+namespace {
+
+void tellToolTips(const MSG& message) {
+    if (message.message < WM_MOUSEFIRST || message.message > WM_MOUSELAST) return;
+    if (const Control::Native* below = Control::Native::holding(message.hwnd))
+        below->form().relayToToolTips(message);
+}
+
+}  // namespace
+
+void dispatch(const MSG& received) {
+    MSG message = received;
+    if (!wheel::aim(message)) return;
     const PressScope press(message);
     if (keyboard::translate(message)) return;
+    tellToolTips(message);
     TranslateMessage(&message);
     DispatchMessageW(&message);
 }
@@ -59,8 +74,10 @@ bool handlePendingFor(HWND only) {
     bool escape = false;
     takePending([&](const MSG& message) {
         if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE) escape = true;
-        const bool isMeant = message.hwnd == only || IsChild(only, message.hwnd);
-        if (isMeant || !isInput(message.message)) dispatch(message);
+        MSG meant = message;
+        if (!wheel::aim(meant)) return;
+        const bool isMeant = meant.hwnd == only || IsChild(only, meant.hwnd);
+        if (isMeant || !isInput(meant.message)) dispatch(meant);
     });
     return escape;
 }

@@ -10,6 +10,7 @@
 
 // After <windows.h>, which it needs.
 #include <commctrl.h>
+#include <shellapi.h>
 #include <windowsx.h>
 
 /// Windows' messages as tables: each line names a message and the member function that gets what the message
@@ -91,6 +92,8 @@ auto crack(const Message& m, F f) {
         return f(static_cast<wchar_t>(m.wParam));
     else if constexpr (Id == WM_SETCURSOR)
         return f(reinterpret_cast<HWND>(m.wParam), static_cast<int>(LOWORD(m.lParam)));  // below it, hit code
+    else if constexpr (Id == WM_DROPFILES)
+        return f(reinterpret_cast<HDROP>(m.wParam));
     else if constexpr (Id == WM_ENDSESSION)
         return f(m.wParam != 0);
     else

@@ -5,6 +5,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "platform/win32/accessible.h"
 #include "platform/win32/control_ids.h"
 #include "platform/win32/event.h"
 #include "platform/win32/failure.h"
@@ -135,6 +136,9 @@ LRESULT CALLBACK Control::Native::controlProcedure(HWND window, UINT id, WPARAM 
 
 LRESULT Control::Native::receive(const Message& m) noexcept {
     try {
+        if (m.id == WM_GETOBJECT) {
+            if (const Handled object = win32::accessibleObject(*this, m)) return *object;
+        }
         if (const Handled result = handle(m)) return *result;
     } catch (...) {
         win32::reportError();

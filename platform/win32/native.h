@@ -5,8 +5,11 @@
 #include <vector>
 
 #include "platform/control.h"
+#include "platform/form.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/messages.h"
+#include "platform/win32/roles.h"
+#include "platform/win32/wheel.h"
 
 namespace platform {
 
@@ -51,15 +54,22 @@ struct Control::Native {
     virtual HBRUSH ground(HBRUSH /*behind*/) const { return nullptr; }
     /// Whether panels that lie on it are its pages.
     virtual bool hasPages() const { return false; }
+    virtual win32::wheel::Use wheelUse() const { return win32::wheel::Use::turns; }
 
     // Keyboard.
     virtual bool tabStop() const;
+    virtual KeyUse keyUse() const { return KeyUse::none; }
     /// Its text with the "&" of the access key; a tab control has several.
     virtual std::vector<std::string> mnemonics() const { return {}; }
     /// The access key of that text was pressed.
     virtual void access(std::size_t /*which*/) {}
     /// The window that gets the keys: the edit field inside a combo box.
     virtual HWND keyWindow() const { return window; }
+
+    // Accessibility.
+    /// One of win32::role, 0 when it is for the system to say.
+    virtual long accessibleRole() const { return 0; }
+    std::string accessibleName;  ///< as given by the program
 
     virtual void move(Rect bounds);
     Rect bounds() const;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -140,22 +141,26 @@ std::vector<Colour> paletteOf(const Factory& factory, IWICBitmapFrameDecode& fra
     return result;
 }
 
-/// Copies what lies within the area, without a bitmap in between.
+/// Copies what lies within the area, without a bitmap in between: a band at a time, because a converter may
+/// hold what it converts once more.
 void copyPixels(IWICBitmapSource& source, Size size, Surface& target, Rect area) {
     const Rect all = Rect::at(0, 0, target.size().width, target.size().height);
     const Rect covered =
         intersect(intersect(area, all), Rect::at(area.left, area.top, size.width, size.height));
     if (covered.empty()) return;
-    const WICRect part{covered.left - area.left, covered.top - area.top, covered.width(), covered.height()};
     const auto stride = static_cast<UINT>(target.size().width) * 4U;
-    const UINT bytes =
-        stride * static_cast<UINT>(covered.height() - 1) + static_cast<UINT>(covered.width()) * 4U;
-    check(source.CopyPixels(&part, stride, bytes,
-                            reinterpret_cast<BYTE*>(target.row(covered.top) + covered.left)));
-    // The fourth byte of a pixel is whatever the decoder left there.
-    for (int y = covered.top; y < covered.bottom; ++y) {
-        std::uint32_t* row = target.row(y);
-        for (int x = covered.left; x < covered.right; ++x) row[x] &= 0xFFFFFF;
+    constexpr int bandHeight = 64;  // rows
+    for (int top = covered.top; top < covered.bottom; top += bandHeight) {
+        const int height = std::min(bandHeight, covered.bottom - top);
+        const WICRect part{covered.left - area.left, top - area.top, covered.width(), height};
+        const UINT bytes = stride * static_cast<UINT>(height - 1) + static_cast<UINT>(covered.width()) * 4U;
+        check(source.CopyPixels(&part, stride, bytes,
+                                reinterpret_cast<BYTE*>(target.row(top) + covered.left)));
+        // The fourth byte of a pixel is whatever the decoder left there.
+        for (int y = top; y < top + height; ++y) {
+            std::uint32_t* row = target.row(y) + covered.left;
+            for (int x = 0; x < covered.width(); ++x) row[x] &= 0xFFFFFF;
+        }
     }
 }
 

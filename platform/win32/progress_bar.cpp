@@ -32,6 +32,7 @@ class ProgressBarWindow final : public Control::Native {
     }
 
     bool tabStop() const override { return false; }
+    long accessibleRole() const override { return win32::role::progressBar; }
 
   private:
     int value_ = 0;

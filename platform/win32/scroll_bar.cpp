@@ -18,6 +18,7 @@ int clamped(std::int64_t value) {
 
 class ScrollBarWindow final : public RangeWindow {
   public:
+    long accessibleRole() const override { return win32::role::scrollBar; }
     ScrollBarWindow(Native* parentWindow, const std::string& controlName, ScrollBar::Direction direction)
         : RangeWindow(parentWindow, controlName) {
         const bool upright = direction == ScrollBar::Direction::vertical;

@@ -24,6 +24,9 @@ class SliderWindow final : public RangeWindow {
         send(TBM_SETPOS, TRUE, value());
     }
 
+    long accessibleRole() const override { return win32::role::slider; }
+    KeyUse keyUse() const override { return KeyUse::range; }
+    wheel::Use wheelUse() const override { return wheel::Use::ignores; }
     HBRUSH ground(HBRUSH behind) const override { return behind; }
 
     void scrolled(int code, int) override {

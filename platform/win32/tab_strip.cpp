@@ -26,6 +26,7 @@ class TabStripWindow : public Control::Native {
         }
     }
 
+    long accessibleRole() const override { return win32::role::pageTabList; }
     bool hasPages() const override { return true; }
     Handled notify(NMHDR& header) override {
         if (header.code != static_cast<UINT>(TCN_SELCHANGE) || quiet()) return std::nullopt;

@@ -50,6 +50,10 @@ class TextBoxWindow : public Control::Native {
         send(EM_REPLACESEL, FALSE, added.c_str());
     }
 
+    long accessibleRole() const override { return win32::role::text; }
+    KeyUse keyUse() const override {
+        return style_ == TextBox::Style::edit ? KeyUse::text : KeyUse::reading;
+    }
     void command(int, int code) override {
         if (quiet() || !control) return;
         if (code == EN_CHANGE) {

@@ -23,6 +23,8 @@ class ToolbarWindow : public Control::Native {
     Handled handle(const Message& m) override;
     Handled notify(NMHDR& header) override;
     void command(int id, int code) override;
+    long accessibleRole() const override { return win32::role::toolBar; }
+    KeyUse keyUse() const override { return KeyUse::press; }
 
     void setImages(const std::vector<Toolbar::Image>& images);
     void clear();

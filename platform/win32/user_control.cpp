@@ -48,6 +48,14 @@ void UserControl::setTabStop(bool tabStop) {
     window(*this).setTabStop(tabStop);
 }
 
+bool UserControl::showsFocus() const {
+    return window(*this).showsFocus();
+}
+
+void UserControl::setRole(Role role) {
+    window(*this).setRole(role);
+}
+
 std::intptr_t UserControl::hWnd() const {
     return reinterpret_cast<std::intptr_t>(native_->window);
 }

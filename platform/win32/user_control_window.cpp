@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/win32/accessible.h"
 #include "platform/win32/canvas_dc.h"
 #include "platform/win32/event.h"
 #include "platform/win32/loop.h"
@@ -62,8 +63,9 @@ Handled UserControlWindow::handle(const Message& m) {
         on<WM_CAPTURECHANGED, &UserControlWindow::captureChanged>(),
         on<WM_KEYDOWN, &UserControlWindow::keyDown>(),
         on<WM_GETDLGCODE, &UserControlWindow::wantedKeys>(),
-        on<WM_SETFOCUS, &UserControlWindow::focusChanged>(),
-        on<WM_KILLFOCUS, &UserControlWindow::focusChanged>(),
+        on<WM_SETFOCUS, &UserControlWindow::focused>(),
+        on<WM_KILLFOCUS, &UserControlWindow::unfocused>(),
+        raw<WM_UPDATEUISTATE, &UserControlWindow::marksChanged>(),
         on<WM_SETCURSOR, &UserControlWindow::choosePointer>(),
     };
     if (!control) return std::nullopt;  // it is being made, or taken down
@@ -94,7 +96,9 @@ void UserControlWindow::resized(WPARAM, Size) {
 }
 
 Handled UserControlWindow::buttonDown(MouseButton button, int shift, Point point) {
+    focusByMouse_ = true;
     if (tabStop()) SetFocus(window);
+    focusByMouse_ = false;
     pressed_ = button == MouseButton::left;
     raise(user().onMouseDown, button, shift, point);
     return done;
@@ -145,8 +149,25 @@ Handled UserControlWindow::wantedKeys() {
     return user().onKeyDown ? DLGC_WANTARROWS : 0;
 }
 
-void UserControlWindow::focusChanged() {
-    if (tabStop()) InvalidateRect(window, nullptr, FALSE);  // it may show whether it has the focus
+void UserControlWindow::focused() {
+    showFocus(!focusByMouse_ && (send(WM_QUERYUISTATE) & UISF_HIDEFOCUS) == 0);
+}
+
+void UserControlWindow::unfocused() {
+    showFocus(false);
+}
+
+// By the first use of the keyboard, perhaps while it has the focus.
+Handled UserControlWindow::marksChanged(const Message& m) {
+    const LRESULT result = passOn(m);
+    if (GetFocus() == window) focused();
+    return result;
+}
+
+void UserControlWindow::showFocus(bool on) {
+    if (showsFocus_ == on) return;
+    showsFocus_ = on;
+    if (tabStop()) InvalidateRect(window, nullptr, FALSE);
 }
 
 Handled UserControlWindow::choosePointer(HWND below, int hit) {
@@ -161,6 +182,13 @@ void UserControlWindow::setPointer(Pointer pointer) {
     // Without a movement the system would not ask again.
     POINT at{};
     if (!waiting() && GetCursorPos(&at) && WindowFromPoint(at) == window) SetCursor(cursorFor(pointer_));
+}
+
+void UserControlWindow::setRole(UserControl::Role wanted) {
+    role_ = wanted == UserControl::Role::graphic    ? role::graphic
+            : wanted == UserControl::Role::grouping ? role::grouping
+                                                    : role::separator;
+    setAccessibleRole(*this, role_);
 }
 
 void UserControlWindow::setTabStop(bool on) {

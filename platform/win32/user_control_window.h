@@ -17,6 +17,9 @@ class UserControlWindow : public ContainerWindow {
     Pointer pointer() const { return pointer_; }
     void setCapture(bool on);
     void setTabStop(bool on);
+    bool showsFocus() const { return showsFocus_; }
+    void setRole(UserControl::Role wanted);
+    long accessibleRole() const override { return role_; }
 
   private:
     UserControl& user() const { return *static_cast<UserControl*>(control); }
@@ -33,11 +36,17 @@ class UserControlWindow : public ContainerWindow {
     void captureChanged(HWND now);
     Handled keyDown(int key, int shift);
     Handled wantedKeys();
-    void focusChanged();
+    void focused();
+    void unfocused();
+    Handled marksChanged(const Message& m);
+    void showFocus(bool on);
     Handled choosePointer(HWND below, int hit);
 
     HDC dc_ = nullptr;
     Pointer pointer_ = Pointer::arrow;
+    bool focusByMouse_ = false;  // while it comes
+    bool showsFocus_ = false;
+    long role_ = 0;
     bool pressed_ = false;   // by the left button
     bool captured_ = false;  // by the program, which has not let go yet
 };

@@ -6,6 +6,7 @@
 
 #include "platform/basic_controls.h"
 #include "platform/errors.h"
+#include "platform/metrics.h"
 #include "tests/contract/test_window.h"
 #include "tests/support/messages.h"
 #include "tests/support/user.h"
@@ -167,11 +168,40 @@ TEST(Form, KeepsItsPlacementAsText) {
     second.setPlacement(first.form.placement());
     EXPECT_EQ(second.bounds(), Rect::at(40, 60, 500, 333));
     first.form.move(Rect::at(30000, 30000, 500, 333));
-    for (const std::string& unusable : {first.form.placement(), std::string(), std::string("1 2 drei"),
-                                        std::string("10 20 300 200 x"), std::string("10 20 0 200")}) {
+    for (const std::string& unusable :
+         {first.form.placement(), std::string(), std::string("1 2 drei"), std::string("10 20 300 200 x"),
+          std::string("10 20 0 200"), std::string("10 20 300 200 96"), std::string("10 20 300 200 -1 0"),
+          std::string("-2147483648 0 2147483647 9 96 0")}) {
         second.setPlacement(unusable);
         EXPECT_EQ(second.bounds(), Rect::at(40, 60, 500, 333)) << unusable;
     }
+}
+
+TEST(Form, ComesBackAsLargeAsItWasToTheEyeAndWhollyOnItsMonitor) {
+    Form form("frmContract", "Vertrag", {});
+    const int dpi = metricsOf(form).dpi;
+    form.setPlacement("10 20 300 200");  // of former versions
+    EXPECT_EQ(form.bounds(), Rect::at(10, 20, 300, 200));
+    form.setPlacement("10 20 600 400 " + std::to_string(2 * dpi) + " 0");
+    EXPECT_EQ(form.bounds(), Rect::at(10, 20, 300, 200)) << "the monitor had twice the resolution";
+    form.setPlacement("-100 -50 300 200 " + std::to_string(dpi) + " 0");
+    EXPECT_EQ(form.bounds(), Rect::at(0, 0, 300, 200));
+}
+
+TEST(Form, TellsFilesThatAreDroppedUnlessADialogBlocksIt) {
+    Dialog d;
+    std::vector<std::string> told;
+    int drops = 0;
+    d.form.onFilesDropped = [&](const auto& dropped) { ++drops, told = dropped; };
+    const std::vector<std::string> paths{"C:\\Maß 1.bmp", "\\\\server\\bilder\\" + std::string(300, 'x')};
+    user::drop(d.form, paths);
+    EXPECT_EQ(told, paths);
+    const user::ModalUser person([&](Form&) {
+        user::drop(d.form, paths);
+        user::press(d.btnDialog);
+    });
+    d.dialog.showModal();
+    EXPECT_EQ(drops, 1);
 }
 
 TEST(Subclassing, SeesWatchedMessagesAndMayKeepThem) {

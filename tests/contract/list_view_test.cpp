@@ -124,11 +124,20 @@ TEST(ListView, KeepsItsLayoutAsALineOfTextThatFitsNoOtherList) {
     const std::string layout = "50 60 70 3 1 2 ";
     window.list.setLayout(layout);
     EXPECT_EQ(window.list.layout(), layout);
-    for (const char* text : {"", "unfug", "-1 -1 -1 1 2 3", "50 1", "1 2 3 4 1 2 3 4", "50 60 70 3 1 2 7",
-                             "50 60", "50 60 70 3 1 3", "50 60 70 0 1 2"}) {
+    for (const char* text : {"", "unfug", "-1 -1 -1 1 2 3", "50 2", "50 60 1 1", "1 2 3 4 1 2 3 4",
+                             "50 60 70 3 1 2 7", "50 60", "50 60 70 3 1 3", "50 60 70 0 1 2"}) {
         window.list.setLayout(text);
         EXPECT_EQ(window.list.layout(), layout) << text;
     }
+}
+
+TEST(ListView, TakesALayoutFromBeforeItGotItsLastColumns) {
+    ListWindow window;
+    window.list.setLayout("50 60 70 1 2 3");
+    window.list.moveColumn(3, 2);
+    EXPECT_EQ(window.list.layout(), "50 60 70 1 3 2 ");
+    window.list.setLayout("51 61 2 1");
+    EXPECT_EQ(window.list.layout(), "51 61 70 2 3 1 ");
 }
 
 }  // namespace

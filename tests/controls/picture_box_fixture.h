@@ -44,6 +44,7 @@ class PictureBoxTest : public testing::Test {
     platform::Size picture() const { return {box.PicWidth(), box.PicHeight()}; }
 
     platform::Form form{"frmPicture", "Bild", {}};
+    platform::Button neighbour{form, "btnOne"};  // has the focus at first
     controls::kvPictureBox box{form, "kvPictureBox1"};
     platform::ScrollBar& hScroll = user::find<platform::ScrollBar>(form, "HScroll1");
     platform::ScrollBar& vScroll = user::find<platform::ScrollBar>(form, "VScroll1");

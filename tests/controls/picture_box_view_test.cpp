@@ -83,6 +83,26 @@ TEST_F(PictureBoxView, FillsTheCornerBetweenTheBars) {
     EXPECT_NE(user::printed(box), plainCorner);
 }
 
+TEST_F(PictureBoxView, ShowsAtItsEdgeThatTheKeyboardHasLedToIt) {
+    box.LoadPic(bitmap("a.bmp", {300, 200}, plain(0x808080)));
+    const auto mark = platform::systemColour(platform::SystemColour::highlight);
+    const auto isMarked = [&] {
+        const auto pixels = user::screen(box);
+        EXPECT_EQ(pixels, user::printed(box));
+        EXPECT_EQ(pixels.at({100, 50}), 0x808080u);
+        return pixels.at({0, 0}) == mark && pixels.at({199, 99}) == mark;
+    };
+    EXPECT_FALSE(isMarked());
+    box.focus();
+    EXPECT_TRUE(isMarked());
+    neighbour.focus();
+    EXPECT_FALSE(isMarked());
+    user::mouseDown(box, platform::MouseButton::left, 0, {100, 50});
+    user::mouseUp(box, platform::MouseButton::left, 0, {100, 50});
+    EXPECT_TRUE(box.focused());
+    EXPECT_FALSE(isMarked()) << "who clicks knows where";
+}
+
 TEST_F(PictureBoxView, TakesAPictureObjectIntoItsBufferAndGivesNoneBack) {
     box.LoadPic(bitmap("a.bmp", {30, 20}));
     const auto assigned = std::make_shared<platform::Surface>(Size{100, 10});

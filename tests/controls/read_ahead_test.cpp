@@ -53,6 +53,7 @@ TEST_F(ReadAhead, WaitsForThePictureThatIsBeingDecoded) {
     const auto files = bitmaps(2, {1500, 1000});
     PictureStore store;
     store.expect({files[1]}, 0);
+    ASSERT_TRUE(store.fetchOn());
     const auto taken = store.take(files[1]);
     ASSERT_TRUE(taken);
     EXPECT_EQ(firstPixel(*taken), 0x202020u);

@@ -67,6 +67,24 @@ void playerRules(frmStich& w, Rules& rules) {
     rules.hold(enabled("btnLoop") == (on && !w.Timer2.enabled()), "a show that does not run can be started");
 }
 
+void countRules(frmStich& w, Rules& rules) {
+    const OpenSet& set = w.set();
+    for (int region = 0; region <= set.regionCount(); ++region) {
+        std::vector<int> counted(static_cast<std::size_t>(set.classCount()));
+        for (int row = 1; row <= set.sampleCount(); ++row)
+            if (set.classOf(row, region) < set.classCount())
+                ++counted[static_cast<std::size_t>(set.classOf(row, region))];
+        for (int row = 1; row <= set.classCount(); ++row) {
+            const int count = counted[static_cast<std::size_t>(row - 1)];
+            rules.hold(set.samplesOf(static_cast<std::int16_t>(row - 1), region) == count,
+                       "the samples of each class are counted");
+            rules.hold(
+                region != w.cboROI.listIndex() || user::shown(w.lvCClasses, row, 4) == std::to_string(count),
+                "the class list shows the numbers in the chosen region");
+        }
+    }
+}
+
 void classRules(frmStich& w, Rules& rules) {
     const OpenSet& set = w.set();
     const int count = set.classCount();
@@ -84,6 +102,7 @@ void classRules(frmStich& w, Rules& rules) {
                    "the standard class is marked");
         rules.hold(set.findClass(name, row) == 0, "every class has a name of its own");
     }
+    countRules(w, rules);
     rules.hold(set.standardClass() >= 0 && set.standardClass() < std::max(1, count),
                "the standard class is a class");
     rules.hold(w.cboStdClass.listIndex() == (count == 0 ? -1 : set.standardClass()),

@@ -1,5 +1,7 @@
-#include "editor_fixture.h"
+#include <atomic>
 
+#include "editor_fixture.h"
+#include "platform/file_calls.h"
 #include "shell/data_directory.h"
 #include "shell/settings.h"
 
@@ -45,6 +47,24 @@ TEST_F(StartUp, AnIncompleteDataDirectoryGivesWayAndTheSetsDirectoryIsMade) {
     EXPECT_EQ(registry.read("", "DataPath"), "0");
     start();
     EXPECT_TRUE(platform::files::directoryExists(folder.file("Programm\\TestSets")));
+}
+
+TEST_F(StartUp, TheWindowIsSeenBeforeAnythingIsRead) {
+    using platform::files::Call;
+    static const platform::Form* watched;
+    static std::atomic<int> early, late;
+    const std::string set = makeSet("A", {});
+    editor::frmStich w(environment);
+    watched = &w.form;
+    platform::files::faultWatcher = [](Call call) {
+        if (call <= Call::list) ++(watched->visible() ? late : early);
+        return platform::files::Fault::none;
+    };
+    shell::start(w, environment, set);
+    platform::files::faultWatcher = nullptr;
+    EXPECT_EQ(early, 0);
+    EXPECT_GT(late, 3) << "the set, a picture, the folders";
+    w.btnAbbr.onClick();
 }
 
 TEST_F(StartUp, WithoutACommandLineTheEditorIsReadyForANewSet) {
@@ -107,6 +127,8 @@ TEST_F(StartUp, SettingsComeBackAndTheirKeysStay) {
     user::chooseMenu(window().Toolbar1, "btnSave", "btnSaveAllROI");
     const std::string layout = "50 77 60 40 1 3 2 4 ";
     window().lvCItems.setLayout(layout);
+    window().form.move(platform::Rect::at(40, 50, 900, 700));
+    user::check(window().chkStretch, true);
     restart();
     auto& w = window();
     const std::pair<const char*, std::string> stored[] = {{"Interval", "2500"},
@@ -120,10 +142,25 @@ TEST_F(StartUp, SettingsComeBackAndTheirKeysStay) {
     EXPECT_EQ(w.Timer2.interval(), 2500);
     EXPECT_EQ(w.kvBar3.position(), 321);
     EXPECT_EQ(w.lvCItems.layout(), layout);
+    EXPECT_EQ(w.form.bounds(), platform::Rect::at(40, 50, 900, 700));
+    EXPECT_TRUE(w.chkStretch.checked() && w.kvPictureBox1.Stretch());
     const int save = w.Toolbar1.indexOf("btnSave");
     EXPECT_EQ(w.Toolbar1.button(save).tag, "btnSaveAllROI");
     EXPECT_EQ(w.Toolbar1.image(save), "btnSaveAllROI");
     EXPECT_EQ(w.Toolbar1.button(save).toolTip, "Alle Regionen speichern");
+}
+
+TEST_F(StartUp, BarsThatStandOutsideTheWindowAreStoredWhereTheyAreSeen) {
+    registry.write("Stich", "Bar2", "99999");
+    registry.write("Stich", "Bar3", "-99999");
+    start();
+    const auto& bar2 = window().kvBar2.control();
+    const int seen = bar2.bounds().left, limit = window().form.clientSize().width;
+    EXPECT_LT(seen, limit);
+    restart();
+    EXPECT_LT(std::stoi(registry.read("Stich", "Bar2").value_or("")), limit);
+    EXPECT_NE(registry.read("Stich", "Bar3")->front(), '-');
+    EXPECT_EQ(window().kvBar2.control().bounds().left, seen);
 }
 
 TEST_F(StartUp, SettingsThatAreNoNumbersAreToldOnceAndTheDefaultsHold) {

@@ -3,6 +3,7 @@
 #include <memory>
 #include <thread>
 
+#include "platform/file_calls.h"
 #include "platform/timer.h"
 #include "tests/editor/editor_fixture.h"
 
@@ -110,6 +111,64 @@ TEST_F(Waiting, HowFarItIsIsSeenUntilItIsThere) {
     EXPECT_EQ(w.set().sampleCount(), 5);
     EXPECT_EQ(w.cboSets.text(), "Fern");
     EXPECT_FALSE(w.fraWait.visible());
+}
+
+std::atomic<bool> diskHangs{false};
+
+platform::files::Fault hang(platform::files::Call call) {
+    while (call == platform::files::Call::flush && diskHangs)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    return platform::files::Fault::none;
+}
+
+TEST_F(Waiting, ASaveThatIsGivenUpLeavesTheOldFile) {
+    auto& w = window();
+    const std::string sets = folder.file("TestSets");
+    const std::string before = platform::files::read(sets + "\\Probe.kvs");
+    diskHangs = true;
+    platform::files::faultWatcher = hang;
+    messages.expectPart("überschreiben?").expectPart("überschreiben?");
+    meanwhile([&] {
+        EXPECT_EQ(w.lblWait.caption(), "Die Stichprobe wird gespeichert ...");
+        EXPECT_FALSE(w.form.unload());
+    });
+    user::press(w.btnSave);
+    EXPECT_FALSE(w.unchanged());
+    EXPECT_EQ(w.lblHint.caption(), "Die Stichprobe wurde nicht gespeichert.");
+    diskHangs = false;
+    while (platform::files::list(sets).size() > 2) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    platform::files::faultWatcher = nullptr;
+    EXPECT_EQ(platform::files::read(sets + "\\Probe.kvs"), before);
+    user::press(w.btnSave);
+    EXPECT_TRUE(w.unchanged());
+    EXPECT_NE(platform::files::read(sets + "\\Probe.kvs"), before);
+}
+
+TEST_F(Waiting, LookingForMissingPicturesInAnotherFolderCanBeGivenUp) {
+    messages.expectPart("Änderungen in", platform::message::no);
+    platform::files::remove(folder.file("Picture\\Fern\\bild2.bmp"));
+    support::DialogScript dialogs;
+    dialogs.answer(folder.file("Picture\\Probe\\bild2.bmp"));
+    const user::ModalUser person([&](platform::Form& dialog) {
+        auto& list = user::find<platform::ListView>(dialog, "ListView1");
+        *slow = true;
+        timer = std::make_unique<platform::Timer>(dialog);
+        timer->setInterval(10);
+        timer->onTick = [&] {
+            if (!user::find(dialog, "fraWait").visible()) return;
+            timer->setEnabled(false);
+            user::press(user::find<platform::Button>(dialog, "btnWait"));
+        };
+        timer->setEnabled(true);
+        user::press(user::find<platform::Button>(dialog, "btnSearch"));
+        EXPECT_EQ(list.count(), 1) << "nothing was found or lost";
+        EXPECT_TRUE(dialog.visible());
+        timer.reset();
+        *slow = false;
+        user::press(user::find<platform::Button>(dialog, "btnAbbr"));
+    });
+    openByChooser("Fern");
+    EXPECT_EQ(window().cboSets.text(), "Probe");
 }
 
 }  // namespace

@@ -7,7 +7,8 @@ from pathlib import Path
 # that ends in "/" allows the headers directly in that folder, another one exactly that header.
 WINDOWLESS = [f"platform/{name}.h" for name in ("errors", "text", "path", "files", "document", "console")]
 SHELL_FOR_EDITOR = [f"shell/{name}.h"
-                    for name in ("settings", "data_directory", "frmError", "frmSave", "environment", "editor_window")]
+                    for name in ("settings", "data_directory", "frmError", "frmSave", "environment", "editor_window",
+                                 "wait_line")]
 EDITOR_FOR_SHELL = ["editor/startup.h"]
 CONTROLS = ["controls/", "controls/picturebox/", "controls/buttonlist/"]
 MAY_INCLUDE = {

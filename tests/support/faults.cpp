@@ -4,7 +4,7 @@ namespace support {
 
 namespace {
 
-thread_local Faults* present = nullptr;
+std::atomic<Faults*> present{nullptr};
 
 }  // namespace
 
@@ -25,13 +25,18 @@ Faults& Faults::inReading() {
 
 Fault Faults::at(Call call) {
     const bool reads = call == Call::open || call == Call::read || call == Call::list;
-    if (!present || reads != present->reading_) return Fault::none;
-    present->calls_.push_back(call);
-    const int after = static_cast<int>(present->calls_.size()) - present->nth_;
+    Faults* faults = present;
+    if (!faults || reads != faults->reading_) return Fault::none;
+    return faults->next(call);
+}
+
+Fault Faults::next(Call call) {
+    while (counting_.test_and_set()) continue;
+    calls_.push_back(call);
+    const int after = static_cast<int>(calls_.size()) - nth_;
+    counting_.clear();
     if (after < 0) return Fault::none;
-    return after == 0   ? present->failure_.first
-           : after == 1 ? present->failure_.second
-                        : present->failure_.rest;
+    return after == 0 ? failure_.first : after == 1 ? failure_.second : failure_.rest;
 }
 
 }  // namespace support

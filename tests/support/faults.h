@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <vector>
 
 #include "platform/file_calls.h"
@@ -31,8 +32,8 @@ inline constexpr std::array<Failure, 7> failures{{
 }};
 inline constexpr Failure nothing{"", Fault::none, Fault::none, Fault::none};
 
-/// As long as it lives the calls of this thread that change files and settings fail from the `nth` on (from
-/// 1), and after that no more.
+/// As long as it lives the calls that change files and settings, on whatever thread, fail from the `nth` on
+/// (from 1), and after that no more.
 class Faults {
   public:
     explicit Faults(const Failure& failure, int nth = 1);
@@ -49,10 +50,12 @@ class Faults {
 
   private:
     static Fault at(Call call);
+    Fault next(Call call);
 
     Failure failure_;
     int nth_;
     bool reading_ = false;
+    std::atomic_flag counting_;
     std::vector<Call> calls_;
 };
 

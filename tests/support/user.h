@@ -69,10 +69,17 @@ void key(platform::UserControl& control, int key, int shift = 0);
 /// Something else takes the mouse away, as another program does that comes to the front.
 void takeCapture(platform::UserControl& control);
 
+/// A key goes to whatever has the focus in the window, the window first.
+void key(platform::Form& form, int key, int shift = 0);
+/// Its texts with the "&" of their access keys.
+std::vector<std::string> mnemonics(const platform::Control& control);
+
 /// By the window's border, so its limits hold.
 void resize(platform::Form& form, platform::Size client);
 /// The close box. True when the window is gone.
 bool close(platform::Form& form);
+/// Drops files from the Explorer.
+void drop(platform::Form& form, const std::vector<std::string>& paths);
 /// A message from another program to the window.
 void send(platform::Form& form, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam);
 

@@ -147,8 +147,15 @@ void wheel(UserControl& control, int notches, int shift, Point point) {
 }
 
 void key(UserControl& control, int key, int shift) {
-    focus<headless::UserControlWindow>(control);
-    headless::ask(control.onKeyDown, false, key, shift);
+    focus<headless::UserControlWindow>(control).form()->keyDown(key, shift);
+}
+
+void key(Form& form, int key, int shift) {
+    reach<headless::FormWindow>(form).keyDown(key, shift);
+}
+
+std::vector<std::string> mnemonics(const Control& control) {
+    return control.native().mnemonics();
 }
 
 void takeCapture(UserControl& control) {
@@ -162,6 +169,10 @@ void resize(Form& form, Size client) {
 bool close(Form& form) {
     send(form, headless::closeMessage, 0, 0);
     return !form.loaded();
+}
+
+void drop(Form& form, const std::vector<std::string>& paths) {
+    if (static_cast<headless::FormWindow&>(form.native()).open()) raise(form.onFilesDropped, paths);
 }
 
 void send(Form& form, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) {

@@ -3,6 +3,7 @@
 
 #include "platform/headless/desk.h"
 #include "platform/headless/event.h"
+#include "platform/headless/form_window.h"
 #include "platform/headless/list_window.h"
 #include "tests/support/user.h"
 
@@ -62,7 +63,7 @@ void key(ListView& list, int key, int shift) {
     if (self.editing != 0 && key == keyCode::escape) return abandonEdit(list);
     if (self.editing != 0) throw std::logic_error("the keys go to the text that is being edited");
     Desk::instance().setFocus(&self);
-    reach(list).key(key, shift);
+    reach(list).form()->keyDown(key, shift);
 }
 
 Point pointOf(ListView& list, int row) {

@@ -79,8 +79,9 @@ void click(HWND window, Point point, MouseButton button, int shift, bool second)
 
 void key(HWND window, int key, int shift) {
     const HeldKeys held(shift);
-    PostMessageW(window, WM_KEYDOWN, static_cast<WPARAM>(key), 1);
-    PostMessageW(window, WM_KEYUP, static_cast<WPARAM>(key), static_cast<LPARAM>(0xC0000001));
+    const UINT place = MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_VSC) << 16;  // makes characters
+    PostMessageW(window, WM_KEYDOWN, static_cast<WPARAM>(key), static_cast<LPARAM>(place | 1));
+    PostMessageW(window, WM_KEYUP, static_cast<WPARAM>(key), static_cast<LPARAM>(place | 0xC0000001));
     pump();
 }
 

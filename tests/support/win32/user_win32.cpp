@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <chrono>
+#include <cstring>
 #include <stdexcept>
 #include <utility>
 
@@ -7,8 +8,12 @@
 #include "platform/win32/form_window.h"
 #include "platform/win32/loop.h"
 #include "platform/win32/toolbar_window.h"
+#include "platform/win32/wide.h"
 #include "tests/support/user.h"
 #include "tests/support/win32/input.h"
+
+// After <windows.h>, which it needs.
+#include <shlobj.h>
 
 namespace user {
 
@@ -188,6 +193,16 @@ void key(UserControl& control, int key, int shift) {
     input::key(focus(control).window, key, shift);
 }
 
+void key(Form& form, int key, int shift) {
+    const HWND window = reach(form).window;
+    const HWND focus = GetFocus();
+    input::key(focus && IsChild(window, focus) ? focus : window, key, shift);
+}
+
+std::vector<std::string> mnemonics(const Control& control) {
+    return control.native().mnemonics();
+}
+
 void takeCapture(UserControl& control) {
     if (GetCapture() == control.native().window) ReleaseCapture();
 }
@@ -204,6 +219,23 @@ void resize(Form& form, Size client) {
 bool close(Form& form) {
     send(form, WM_CLOSE, 0, 0);
     return !form.loaded();
+}
+
+void drop(Form& form, const std::vector<std::string>& paths) {
+    std::wstring names;
+    for (const std::string& path : paths) names += wide(path) + L'\0';
+    names += L'\0';
+    const HGLOBAL memory =
+        GlobalAlloc(GHND, sizeof(DROPFILES) + names.size() * sizeof(wchar_t));  // the window frees it
+    auto* files = static_cast<DROPFILES*>(GlobalLock(memory));
+    files->pFiles = sizeof(DROPFILES);
+    files->fWide = TRUE;
+    std::memcpy(files + 1, names.data(), names.size() * sizeof(wchar_t));
+    GlobalUnlock(memory);
+    require((GetWindowLongW(form.native().window, GWL_EXSTYLE) & WS_EX_ACCEPTFILES) != 0,
+            "it takes no files");
+    PostMessageW(form.native().window, WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
+    pump();
 }
 
 void send(Form& form, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) {
