@@ -8,6 +8,7 @@
 #include "benchmarks/window/measure.h"
 #include "benchmarks/window/process.h"
 #include "platform/files.h"
+#include "platform/registry.h"
 #include "platform/win32/native.h"
 #include "platform/win32/wide.h"
 #include "tests/support/user.h"
@@ -169,6 +170,7 @@ void startEmpty(const std::string& folder) {
 }
 
 void starting(const std::string& folder) {
+    platform::Registry(settingsRoot).removeAll();  // else the window is as large as some other part left it
     recordControls(folder);
     const std::string setFile =
         writeSet(folder, "start", {folder + "\\photos\\0.jpg", folder + "\\photos\\1.jpg"}, 5);
