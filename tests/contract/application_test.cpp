@@ -59,13 +59,6 @@ TEST(Guard, ShowsWhatLeavesAHandlerAndTheWindowLivesOn) {
     EXPECT_TRUE(window.form.visible());
 }
 
-TEST(FormatNumber, HasTheDigitsThatAreAskedFor) {
-    EXPECT_EQ(formatNumber(3, 0), "3");
-    const std::string number = formatNumber(2.5, 1);
-    EXPECT_TRUE(number == "2,5" || number == "2.5") << number;
-    EXPECT_EQ(formatNumber(0.125, 3).size(), 5u);
-}
-
 struct Ticking : TestWindow {
     Timer timer{form};
     int ticks = 0;

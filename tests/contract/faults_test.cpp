@@ -10,7 +10,6 @@
 
 #include "platform/files.h"
 #include "platform/path.h"
-#include "platform/registry.h"
 #include "tests/support/error_of.h"
 #include "tests/support/temp_folder.h"
 
@@ -21,7 +20,6 @@ using std::string;
 using support::errorOf;
 using support::Faults;
 using testing::ElementsAre;
-using testing::IsSupersetOf;
 using testing::UnorderedElementsAreArray;
 
 std::vector<string> namesIn(const string& directory) {
@@ -124,25 +122,6 @@ TEST(Faults, AReadingThatFailsIsNeverAShorterFile) {
     }
 }
 
-TEST(Faults, DirectoriesAndRemovalsFailWithTheSystemsReasonAndCanBeRepeated) {
-    const support::TempFolder folder;
-    const string deep = folder.file("a\\b\\c");
-    for (int n = 1; n <= 4; ++n) {  // the parts that were made stay
-        const Faults faults(support::failures[2], std::min(n, 2));
-        const auto error = errorOf([&] { files::createDirectories(deep); });
-        EXPECT_EQ(error.number(), faults.met() ? error::fileError : 0);
-    }
-    EXPECT_TRUE(files::directoryExists(deep));
-    const string file = folder.write("a\\b\\c\\d");
-    {
-        const Faults faults(support::failures[2]);
-        EXPECT_EQ(errorOf([&] { files::remove(file); }).number(), error::fileError);
-    }
-    EXPECT_TRUE(files::fileExists(file));
-    files::remove(file);
-    EXPECT_FALSE(files::fileExists(file));
-}
-
 TEST(Faults, WhatADeadProcessLeftNeitherHindersASaveNorStaysForEver) {
     const support::TempFolder folder;
     const string name = leftOver(folder, "a.kvs");
@@ -168,26 +147,6 @@ TEST(Faults, WhatADeadProcessLeftNeitherHindersASaveNorStaysForEver) {
     expected.insert(expected.end(), taken.begin() + 1, taken.end());
     expected.push_back("a.kvs");
     EXPECT_THAT(namesIn(folder.path()), UnorderedElementsAreArray(expected));
-}
-
-TEST(Faults, ASettingIsTheOldOneOrTheNewOne) {
-    Registry registry("Software\\Veltor2 fault test");
-    for (const support::Failure& failure : support::failures) {
-        bool met = true;
-        for (int n = 1; met; ++n) {
-            registry.write("Stich", "PathROI", "alt");
-            RuntimeError error{0, {}};
-            {
-                const Faults faults(failure, n);
-                error = errorOf([&] { registry.write("Stich", "PathROI", "neu"); });
-                met = faults.met();
-            }
-            EXPECT_EQ(error.number(), met ? error::fileError : 0) << failure.name;
-            EXPECT_TRUE(registry.read("Stich", "PathROI") == "neu" ||
-                        (met && registry.read("Stich", "PathROI") == "alt"));
-        }
-    }
-    registry.removeAll();
 }
 
 }  // namespace

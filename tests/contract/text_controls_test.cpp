@@ -31,17 +31,6 @@ TEST(Captions, AreReadWithoutTheMarkOfTheAccessKeyUnlessTheyArePlain) {
     }
 }
 
-TEST(Button, IsPressedOnlyWhileItIsEnabled) {
-    TestWindow window;
-    Button button(window.form, "btn", "&Los");
-    button.move(Rect::at(0, 0, 80, 25));
-    button.onClick = window.log("click");
-    user::press(button);
-    button.setEnabled(false);
-    EXPECT_THROW(user::press(button), std::logic_error);
-    EXPECT_EQ(window.raised(), Events{"click"});
-}
-
 struct Boxes : TestWindow {
     TextBox txtOne{form, "txtOne"};
     TextBox txtTwo{form, "txtTwo"};

@@ -11,7 +11,6 @@ using platform::Size;
 using support::distinctColour;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 using PictureBoxLoading = PictureBoxTest;
 
@@ -129,12 +128,6 @@ TEST_F(PictureBoxLoading, LeavesALaterWishAlone) {
     EXPECT_EQ(box.FileName(), second);
     EXPECT_EQ(buffered(8, 8), 0x222222u);
     EXPECT_THAT(loaded, ElementsAre(ElementsAre(40, 30, 1, 24)));
-}
-
-TEST_F(PictureBoxLoading, StoresItsNameWithoutLoading) {
-    box.FileName(bitmap("a.bmp", {30, 20}));
-    EXPECT_EQ(picture(), (Size{0, 0}));
-    EXPECT_THAT(loaded, IsEmpty());
 }
 
 }  // namespace

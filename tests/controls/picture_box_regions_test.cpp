@@ -25,7 +25,7 @@ class PictureBoxRegions : public PictureBoxTest {
     std::vector<std::vector<int>> selected;
 };
 
-TEST_F(PictureBoxRegions, AddsAtTheVisibleEdge) {
+TEST_F(PictureBoxRegions, AddsAtTheVisibleEdgeAndLoadsAnywhere) {
     user::scroll(hScroll, 100);
     user::scroll(vScroll, 30);
     EXPECT_EQ(box.ROI_Add(0, -5, 50, 40), 1);
@@ -36,22 +36,22 @@ TEST_F(PictureBoxRegions, AddsAtTheVisibleEdge) {
     box.LoadPic(bitmap("small.bmp", {20, 10}));
     box.ROI_Add(-1, 0, 5, 5);
     EXPECT_EQ(box.regionRect(3), (Rect{0, 0, 5, 5})) << "centred";
-}
-
-TEST_F(PictureBoxRegions, LoadsQuietly) {
+    selected.clear();
     box.ROI_Load(-3, 0, 5000, 40);
-    EXPECT_EQ(box.regionRect(1), (Rect{-3, 0, 4997, 40})) << "exactly as given";
-    EXPECT_EQ(box.GetSelectedROI(), -1);
-    EXPECT_TRUE(selected.empty());
+    EXPECT_EQ(box.regionRect(4), (Rect{-3, 0, 4997, 40})) << "exactly as given";
+    EXPECT_TRUE(selected.empty()) << "and quietly";
 }
 
 TEST_F(PictureBoxRegions, RemovesByAnIndexFrom0) {
-    for (const int x : {10, 20, 30}) box.ROI_Load(x, 0, 5, 5);
+    for (const int x : {10, 20}) box.ROI_Load(x, 0, 5, 5);
+    box.ROI_Add(30, 5, 5, 5);
     box.ROI_Remove(1);
     EXPECT_EQ(box.regionRect(2).left, 30);
+    user::key(box, platform::keyCode::right);
+    EXPECT_EQ(box.regionRect(2).left, 40) << "it is still the selected one";
     EXPECT_THROW(box.ROI_Remove(2), RuntimeError);
     EXPECT_THROW(box.ROI_Remove(-1), RuntimeError);
-    EXPECT_THROW(box.regionRect(3), RuntimeError);
+    for (const int number : {-1, 3}) EXPECT_THROW(box.regionRect(number), RuntimeError);
     box.ROI_Clear();
     EXPECT_THROW(box.ROI_Remove(0), RuntimeError);
     EXPECT_EQ(box.PicWidth(), 500) << "the picture stays";
@@ -106,6 +106,9 @@ TEST_F(PictureBoxRegions, MovesIntoThePictureAndScrollsAlong) {
     box.ROI_Move(1, X, Y, dX, dY);
     EXPECT_EQ(offset(), (Point{-300, -10})) << "in view already";
     EXPECT_TRUE(selected.empty());
+    box.ROI_Load(10, 20, 30, 400);
+    box.ROI_Move(2, X = 10, Y = 20, dX = 600, dY = 350);
+    EXPECT_EQ(box.regionRect(2), (Rect{10, 20, 500, 300})) << "where its near edges stay it is cut";
 }
 
 TEST_F(PictureBoxRegions, AreDrawnOverThePictureInOneToOneModeOnly) {
@@ -119,6 +122,7 @@ TEST_F(PictureBoxRegions, AreDrawnOverThePictureInOneToOneModeOnly) {
     EXPECT_EQ(screen.at({16, 16}), ground) << "not selected: no handle";
     EXPECT_EQ(screen.at({96, 16}), platform::systemColour(platform::SystemColour::infoBackground));
     EXPECT_EQ(screen.at({92, 12}), white);
+    EXPECT_EQ(screen.at({93, 13}), 0u) << "a dark line for white pictures";
     box.ShowROIs(false);
     EXPECT_EQ(user::screen(box).at({20, 20}), ground);
     box.ShowROIs(true);

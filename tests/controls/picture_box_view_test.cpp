@@ -134,20 +134,15 @@ TEST_F(PictureBoxView, KeepsItsPropertiesInABag) {
     EXPECT_THAT(keys, ElementsAre("Picture", "FileName", "AllowROImove", "ShowROIs", "SizeGrip", "Stretch"));
     EXPECT_FALSE(bag.read("Picture", std::make_shared<const platform::Surface>())) << "none is stored";
 
+    const auto values = [](const kvPictureBox& b) {
+        return std::tuple(b.FileName(), b.AllowROImove(), b.ShowROIs(), b.SizeGrip(), b.Stretch());
+    };
     platform::Form second("frmPicture", "Bild", {});
     kvPictureBox other(second, "kvPictureBox1");
     other.ReadProperties(bag);
-    EXPECT_EQ(other.FileName(), "x.bmp");
-    EXPECT_FALSE(other.AllowROImove());
-    EXPECT_FALSE(other.ShowROIs());
-    EXPECT_TRUE(other.SizeGrip());
-    EXPECT_TRUE(other.Stretch());
+    EXPECT_EQ(values(other), std::tuple("x.bmp", false, false, true, true));
     box.ReadProperties(PropertyBag());
-    EXPECT_EQ(box.FileName(), "");
-    EXPECT_TRUE(box.AllowROImove());
-    EXPECT_TRUE(box.ShowROIs());
-    EXPECT_FALSE(box.SizeGrip());
-    EXPECT_FALSE(box.Stretch());
+    EXPECT_EQ(values(box), std::tuple("", true, true, false, false));
     EXPECT_FALSE(hScroll.visible()) << "only setting the property shows the bars again";
 }
 

@@ -48,6 +48,11 @@ class EditorTest : public testing::Test {
     int current() { return window_->lvCItems.firstSelected(); }
     std::string classShown(int row) { return user::shown(window_->lvCItems, row, 1); }
     std::string stored(const std::string& set, const std::string& section, const std::string& key);
+    std::string setFile(const std::string& set) const { return folder.file("TestSets\\" + set + ".kvs"); }
+    std::string picture(const std::string& set, int number) const {
+        return folder.file("Picture\\" + set + "\\bild" + std::to_string(number) + ".bmp");
+    }
+    std::string hint() { return window_->lblHint.caption(); }
 
     support::TempFolder folder;
     shell::Environment environment;

@@ -30,21 +30,6 @@ TEST_F(Labelling, OneClickLabelsThePictureAndBringsTheNext) {
     EXPECT_EQ(w.kvPictureBox1.FileName(), w.ItemPath(1));
 }
 
-TEST_F(Labelling, EveryRegionHasAClassOfItsOwn) {
-    auto& w = window();
-    pressClass(1);
-    user::choose(w.cboROI, 1);
-    EXPECT_EQ(classShown(1), "gut");
-    user::clickRow(w.lvCItems, 1);
-    EXPECT_EQ(w.txtInfo.text(), "Bereich: Kopf   Datei: bild1.bmp");
-    pressClass(2);
-    EXPECT_EQ(w.cboROI.listIndex(), 1) << "the region stays";
-    EXPECT_EQ(w.ItemClasses(1, 0), 1);
-    EXPECT_EQ(w.ItemClasses(1, 1), 2);
-    user::choose(w.cboROI, 0);
-    EXPECT_EQ(classShown(1), "Riß");
-}
-
 TEST_F(Labelling, WhatIsNotASeenItemOfTheSetIsNotLabelled) {
     auto& w = window();
     w.lvCItems.unselectAll();
@@ -67,31 +52,46 @@ TEST_F(Labelling, WhatIsNotASeenItemOfTheSetIsNotLabelled) {
     EXPECT_EQ(w.kvPictureBox1.FileName(), w.ItemPath(1)) << "a range loads no picture";
     user::clickRow(w.ListView2, 2);
     EXPECT_EQ(w.kvPictureBox1.FileName(), w.ItemPath(2));
+    user::key(w.ListView2, platform::keyCode::down, platform::shiftKey::shift);
+    EXPECT_EQ(w.ListView2.selectedCount(), 2);
+    EXPECT_EQ(w.kvPictureBox1.FileName(), w.ItemPath(2)) << "a range by keys neither";
 }
 
-TEST_F(Labelling, TheToolbarStepsRoundTheSetAndTheShowRuns) {
+TEST_F(Labelling, TheToolbarStepsRoundTheSetAndWhatComesNextIsFetched) {
     auto& w = window();
     const struct {
         const char* key;
-        int row;
-    } steps[] = {{"btnR", 3}, {"btnF", 1}, {"btnF", 2}, {"btnFF", 3}, {"btnR", 2}, {"btnFR", 1}};
+        int row, next, before;
+    } steps[] = {{"btnR", 3, 2, 1},  {"btnF", 1, 2, 3}, {"btnF", 2, 3, 1},
+                 {"btnFF", 3, 1, 2}, {"btnR", 2, 1, 3}, {"btnFR", 1, 3, 2}};
     for (const auto& step : steps) {
         user::press(w.Toolbar1, step.key);
         EXPECT_EQ(current(), step.row) << step.key;
+        const std::vector<std::string> wanted{w.ItemPath(step.next), w.ItemPath(step.before)};
+        EXPECT_EQ(w.kvPictureBox1.Expected(), wanted) << step.key << " to " << step.row;
     }
+    while (w.kvPictureBox1.FetchOn()) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    user::tick(w.Timer3);
+    EXPECT_FALSE(w.Timer3.enabled()) << "all is fetched";
+}
+
+TEST_F(Labelling, TheShowRunsUntilItIsStopped) {
+    auto& w = window();
     user::press(w.Toolbar1, "btnLoop");
     EXPECT_EQ(current(), 2) << "the show goes on at once";
-    EXPECT_FALSE(w.Toolbar1.enabled(6));
-    EXPECT_TRUE(w.Toolbar1.enabled(7));
     user::tick(w.Timer2);
+    EXPECT_EQ(w.kvPictureBox1.Expected().front(), w.ItemPath(1));
     user::tick(w.Timer2);
     EXPECT_EQ(current(), 1);
-    user::press(w.Toolbar1, "btnStop");
-    EXPECT_FALSE(w.Timer2.enabled());
-    EXPECT_TRUE(w.Toolbar1.enabled(6));
     user::slide(w.Slider1, 2500);
     EXPECT_EQ(w.Timer2.interval(), 2500);
     EXPECT_EQ(w.txtTime.caption(), " " + platform::formatNumber(2.5, 1) + "s");
+    // Even in the middle of a tick.
+    platform::application::post(w.form, [&] { user::press(w.Toolbar1, "btnStop"); });
+    user::tick(w.Timer2);
+    EXPECT_FALSE(w.Timer2.enabled());
+    EXPECT_TRUE(w.Toolbar1.enabled(6));
+    EXPECT_FALSE(w.Toolbar1.enabled(7));
 }
 
 TEST_F(Labelling, APictureThatCannotBeReadIsNamed) {
@@ -118,27 +118,6 @@ TEST_F(Labelling, APressMadeBeforeThePictureIsSeenLabelsNothing) {
     EXPECT_EQ(current(), 2);
 }
 
-TEST_F(Labelling, ThePictureThatComesNextIsFetchedInTheDirectionOfTheSteps) {
-    auto& w = window();
-    const struct {
-        const char* step;
-        int next, before;
-    } steps[] = {{"btnF", 3, 1}, {"btnF", 1, 2}, {"btnR", 1, 3},
-                 {"btnR", 3, 2}, {"btnR", 2, 1}, {"btnFR", 2, 3}};
-    for (const auto& s : steps) {
-        user::press(w.Toolbar1, s.step);
-        const std::vector<std::string> wanted{w.ItemPath(s.next), w.ItemPath(s.before)};
-        EXPECT_EQ(w.kvPictureBox1.Expected(), wanted) << s.step << " to " << current();
-    }
-    user::press(w.Toolbar1, "btnLoop");
-    user::tick(w.Timer2);
-    EXPECT_EQ(w.kvPictureBox1.Expected().front(), w.ItemPath(current() % 3 + 1)) << "the slide show";
-    user::press(w.Toolbar1, "btnStop");
-    while (w.kvPictureBox1.FetchOn()) std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    user::tick(w.Timer3);
-    EXPECT_FALSE(w.Timer3.enabled()) << "all is fetched";
-}
-
 TEST_F(Labelling, AnotherChoiceMadeMeanwhileCounts) {
     auto& w = window();
     // Handled only while the picture is being loaded.
@@ -153,35 +132,6 @@ TEST_F(Labelling, AnotherChoiceMadeMeanwhileCounts) {
     EXPECT_EQ(w.ListView2.selectedCount(), 0);
 }
 
-TEST_F(Labelling, StopHoldsEvenInTheMiddleOfATick) {
-    auto& w = window();
-    user::press(w.Toolbar1, "btnLoop");
-    platform::application::post(w.form, [&] { user::press(w.Toolbar1, "btnStop"); });
-    user::tick(w.Timer2);
-    EXPECT_FALSE(w.Timer2.enabled());
-    EXPECT_TRUE(w.Toolbar1.enabled(6));
-    EXPECT_FALSE(w.Toolbar1.enabled(7));
-}
-
-TEST_F(Labelling, RemovedFilesLeaveTheOthersTheirClasses) {
-    auto& w = window();
-    pressClass(1);
-    pressClass(2);
-    user::clickRow(w.ListView2, 2);
-    user::press(w.btnR);
-    ASSERT_EQ(w.set().sampleCount(), 2);
-    EXPECT_EQ(w.lvCItems.count(), 2);
-    EXPECT_EQ(classShown(1) + classShown(2), "Rißgut");
-    EXPECT_EQ(user::shown(w.lvCItems, 2, 0), "bild3.bmp");
-    EXPECT_EQ(user::shown(w.lvCItems, 2, 3), "2");
-    EXPECT_EQ(current(), 0);
-    user::clickRow(w.ListView2, 1);
-    user::press(w.btnR);
-    user::clickRow(w.ListView2, 1);
-    user::press(w.btnR);
-    EXPECT_FALSE(w.Toolbar1.enabled(3));
-}
-
 // A press and, before its picture is there, a removal of the row that the press was for.
 TEST_F(Labelling, WhatIsRemovedWhileAPictureIsOnItsWayLeavesNoOtherOnTheScreen) {
     auto& w = window();
@@ -191,14 +141,6 @@ TEST_F(Labelling, WhatIsRemovedWhileAPictureIsOnItsWayLeavesNoOtherOnTheScreen) 
     ASSERT_EQ(w.set().sampleCount(), 2);
     ASSERT_EQ(current(), 2);
     EXPECT_EQ(w.kvPictureBox1.FileName(), w.ItemPath(2)) << "the next press is for what is seen";
-}
-
-TEST_F(Labelling, ARangeByKeysLoadsNoPictureEither) {
-    auto& w = window();
-    user::clickRow(w.ListView2, 1);
-    user::key(w.ListView2, platform::keyCode::down, platform::shiftKey::shift);
-    EXPECT_EQ(w.ListView2.selectedCount(), 2);
-    EXPECT_EQ(w.kvPictureBox1.FileName(), w.ItemPath(1));
 }
 
 }  // namespace

@@ -59,15 +59,4 @@ TEST_F(Layout, ThePictureIsTheBiggestThing) {
         EXPECT_TRUE(other == &w.kvPictureBox1 || area(*other) < area(w.kvPictureBox1)) << other->name();
 }
 
-TEST_F(Layout, TabsShowTheirPages) {
-    start();
-    auto& w = window();
-    for (int number = 1; number <= 3; ++number) {
-        user::selectTab(w.TabStrip1, number);
-        EXPECT_EQ(w.fraFiles.visible(), number == 1);
-        EXPECT_EQ(w.fraClasses.visible(), number == 2);
-        EXPECT_EQ(w.fraROIs.visible(), number == 3);
-    }
-}
-
 }  // namespace

@@ -53,7 +53,6 @@ struct Person : EditorTest {
     }
     /// Remembers what was done last.
     static void note(const std::string& what);
-    std::string setFile(const std::string& name) { return folder.file("TestSets\\" + name + ".kvs"); }
     Content stored(const std::string& name);
     bool wouldLose() { return !expected.empty() && contentOf(window()) != saved; }
     /// Does what may take the set from the window: nothing is lost without a question.

@@ -16,23 +16,6 @@ class Switching : public EditorTest {
         "Stichprobendatei \"A.kvs\" ist bereits vorhanden.\r\nVorhandene Datei überschreiben?";
 };
 
-TEST_F(Switching, ChoosingASetOpensItWhole) {
-    auto& w = window();
-    openByChooser("B");
-    EXPECT_EQ(w.lvCItems.count(), 4);
-    EXPECT_EQ(w.ListView2.count(), 4);
-    EXPECT_EQ(w.txtPicCount.text(), "4 Elemente");
-    EXPECT_EQ(w.cboROI.item(1), "Kopf");
-    EXPECT_EQ(w.cboStdClass.count(), 2);
-    EXPECT_EQ(user::shown(w.lvCClasses, 2, 0), "zwei");
-    EXPECT_EQ(current(), 1);
-    EXPECT_TRUE(w.unchanged());
-    openByChooser("A");
-    EXPECT_EQ(w.cboROI.count(), 1);
-    EXPECT_THROW(w.kvPictureBox1.regionRect(1), platform::RuntimeError);
-    EXPECT_EQ(w.lvCItems.count(), 2);
-}
-
 TEST_F(Switching, ChangesAreSavedOrDroppedAsTheUserSays) {
     const struct {
         int save, overwrite;
@@ -78,7 +61,7 @@ TEST_F(Switching, ASetThatCannotBeReadLeavesTheOldOneOpen) {
 TEST_F(Switching, ABadSetAfterOneWithoutANameKeepsThatOne) {
     writeSetFile("kaputt", "[Common]\r\n");
     for (const char* name : {"", "Neu"}) {
-        restart(folder.file("TestSets\\B.kvs"));
+        restart(setFile("B"));
         pressClass(1);
         user::type(window().cboSets, name);
         const bool saved = name != std::string();
@@ -95,7 +78,7 @@ TEST_F(Switching, ABadSetAfterOneWithoutANameKeepsThatOne) {
 }
 
 TEST_F(Switching, AStrayClassNumberIsPutRightAndTold) {
-    const std::string file = folder.file("TestSets\\A.kvs");
+    const std::string file = setFile("A");
     std::string text = platform::files::read(file);
     text.replace(text.find("\r\n1=1") + 4, 1, "9");
     platform::files::replace(file, text);
@@ -149,7 +132,7 @@ TEST_F(Switching, ANewNameIsListedAndBecomesTheCurrentOne) {
 TEST_F(Switching, ASaveThatFailsSaysWhyAndTheSetStillCountsAsChanged) {
     openByChooser("A");
     pressClass(1);
-    platform::files::createDirectories(folder.file("TestSets\\voll.kvs"));
+    platform::files::createDirectories(setFile("voll"));
     user::type(window().cboSets, "voll");
     messages.expectPart("Die Stichprobe konnte nicht gespeichert werden.");
     user::press(window().btnSave);
@@ -212,14 +195,14 @@ class Missing : public EditorTest {
         makeSet("B", {.pictures = 1});
         makeSet("C", {.pictures = 2, .regions = {"Auge"}});
         platform::files::createDirectories(folder.file("Umzug"));
-        for (const char* name : {"bild2.bmp", "bild3.bmp"}) {
-            platform::files::replace(folder.file("Umzug\\") + name, platform::files::read(old(name)));
-            platform::files::remove(old(name));
+        for (const int n : {2, 3}) {
+            platform::files::replace(folder.file("Umzug\\bild" + std::to_string(n) + ".bmp"),
+                                     platform::files::read(picture("A", n)));
+            platform::files::remove(picture("A", n));
         }
         ASSERT_TRUE(start());
         openByChooser("B");
     }
-    std::string old(const std::string& name) const { return folder.file("Picture\\A\\" + name); }
     static auto presses(const char* button) {
         return [button](platform::Form& form) { user::press(user::find<platform::Button>(form, button)); };
     }
@@ -238,7 +221,7 @@ TEST_F(Missing, GivingUpKeepsTheSetThatWasOpenWithItsLabelsAndRegions) {
     EXPECT_EQ(window().lvCItems.count(), 1);
     EXPECT_TRUE(window().unchanged());
 
-    restart(folder.file("TestSets\\C.kvs"));  // a set without a name in the chooser
+    restart(setFile("C"));  // a set without a name in the chooser
     auto& w = window();
     pressClass(2);
     user::choose(w.cboROI, 1);
@@ -299,7 +282,7 @@ TEST_F(Missing, WhatIsNotFoundCanBeSearchedAgainOrRemoved) {
 }
 
 TEST_F(Missing, ASetThatLosesAllItsPicturesLosesItsRegions) {
-    for (const char* name : {"bild1.bmp", "bild4.bmp"}) platform::files::remove(old(name));
+    for (const int n : {1, 4}) platform::files::remove(picture("A", n));
     messages.expectPart("Sind Sie sicher", message::yes);
     user::ModalUser dialog(presses("btnDel"));
     openByChooser("A");

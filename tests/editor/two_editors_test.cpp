@@ -17,7 +17,16 @@ const char* const replaced =
 const char* const overwrite =
     "Stichprobendatei \"A.kvs\" ist bereits vorhanden.\r\nVorhandene Datei überschreiben?";
 
-std::function<void()> makeOther;  // the watcher is a plain function
+std::function<void()> meanwhile;  // the watchers are plain functions
+
+/// The other one comes in between; then nobody can put the file in its place.
+files::Fault deniedAtLast(files::Call call) {
+    if (call != files::Call::rename) return files::Fault::none;
+    files::faultWatcher = nullptr;
+    if (const auto act = std::exchange(meanwhile, nullptr)) act();
+    files::faultWatcher = deniedAtLast;
+    return files::Fault::accessDenied;
+}
 
 class TwoEditors : public EditorTest {
   protected:
@@ -37,7 +46,6 @@ class TwoEditors : public EditorTest {
         user::press(window().btnSave);
         return window().unchanged();
     }
-    const std::string file = folder.file("TestSets\\A.kvs");
 };
 
 TEST_F(TwoEditors, WhatTheOtherOneWroteIsReplacedOnlyAfterAQuestion) {
@@ -76,22 +84,17 @@ TEST_F(TwoEditors, WhatIsWrittenWhileAQuestionStandsIsAskedAboutToo) {
     EXPECT_EQ(storedPictures(), 7);
 }
 
-TEST_F(TwoEditors, WhatIsWrittenWhileASaveFailsIsNotTakenForOurs) {
-    makeOther = [this] { theOther(7); };
-    files::faultWatcher = [](files::Call call) {
-        if (call != files::Call::rename) return files::Fault::none;
+TEST_F(TwoEditors, AfterASaveThatFailedTheFileIsTheOneThatWasReadUnlessTheOtherOneWrote) {
+    for (const bool isReplaced : {false, true}) {
+        if (isReplaced) meanwhile = [this] { theOther(7); };
+        pressClass(1);
+        messages.expect(overwrite).expectPart("konnte nicht gespeichert werden");
+        files::faultWatcher = deniedAtLast;
+        EXPECT_FALSE(save());
         files::faultWatcher = nullptr;
-        if (const auto act = std::exchange(makeOther, nullptr)) act();
-        files::faultWatcher = [](files::Call next) {
-            return next == files::Call::rename ? files::Fault::accessDenied : files::Fault::none;
-        };
-        return files::Fault::accessDenied;
-    };
-    messages.expect(overwrite).expectPart("konnte nicht gespeichert werden");
-    EXPECT_FALSE(save());
-    files::faultWatcher = nullptr;
-    messages.expectPart(replaced, message::cancel);
-    EXPECT_FALSE(save());
+        isReplaced ? messages.expectPart(replaced, message::cancel) : messages.expect(overwrite);
+        EXPECT_EQ(save(), !isReplaced);
+    }
     EXPECT_EQ(storedPictures(), 7);
 }
 
@@ -102,7 +105,7 @@ TEST_F(TwoEditors, NobodyIsAskedAboutWhatHeWroteHimselfOrWhatIsNotThere) {
         EXPECT_TRUE(save()) << time;
     }
     pressClass(2);
-    files::remove(file);
+    files::remove(setFile("A"));
     EXPECT_TRUE(save()) << "there is nothing to replace";
 
     theOther(7);
@@ -114,36 +117,13 @@ TEST_F(TwoEditors, NobodyIsAskedAboutWhatHeWroteHimselfOrWhatIsNotThere) {
     pressClass(1);
     messages.expect(overwrite);
     EXPECT_TRUE(save()) << "what was read last counts";
-}
 
-TEST_F(TwoEditors, ASetThatWasNamedHereIsKnownFromThenOn) {
     user::type(window().cboSets, "Neu");
     EXPECT_TRUE(save());
     makeSet("Neu", {.pictures = 9});
     pressClass(1);
     messages.expectPart("\"Neu.kvs\" wurde von anderer Seite", message::cancel);
-    EXPECT_FALSE(save());
-}
-
-TEST_F(TwoEditors, ASaveThatFailedChangesNothingAboutIt) {
-    const auto failing = [](files::Call call) {
-        return call == files::Call::rename ? files::Fault::noSpace : files::Fault::none;
-    };
-    messages.expect(overwrite).expectPart("konnte nicht gespeichert werden");
-    files::faultWatcher = +failing;
-    EXPECT_FALSE(save());
-    files::faultWatcher = nullptr;
-    messages.expect(overwrite);
-    EXPECT_TRUE(save()) << "still the file that was read";
-
-    pressClass(1);
-    theOther(7);
-    messages.expectPart(replaced).expect(overwrite).expectPart("konnte nicht gespeichert werden");
-    files::faultWatcher = +failing;
-    EXPECT_FALSE(save());
-    files::faultWatcher = nullptr;
-    messages.expectPart(replaced, message::cancel);
-    EXPECT_FALSE(save()) << "still the other one's";
+    EXPECT_FALSE(save()) << "a set that was named here is known from then on";
 }
 
 // The other one saves in the very moment in which the file is read: as soon as it is open, or just before,
@@ -155,7 +135,6 @@ constexpr auto readingCall = files::Call::read;
 #endif
 
 TEST(RememberedFile, IsTheOneThatWasRead) {
-    static std::function<void()> meanwhile;
     // On another thread a picture may still be read that an editor before expected.
     static const auto reader = std::this_thread::get_id();
     const support::TempFolder folder;

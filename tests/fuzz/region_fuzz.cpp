@@ -1,10 +1,8 @@
 // Any region, picture and mouse: the arithmetic of regions answers what walking there pixel by pixel gives.
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <utility>
 
 #include "controls/picturebox/region_drag.h"
+#include "fuzz.h"
 #include "platform/errors.h"
 #include "platform/list_view.h"
 
@@ -13,10 +11,6 @@ namespace {
 using namespace controls;
 using platform::Point;
 using platform::Size;
-
-void require(bool holds) {
-    if (!holds) std::abort();
-}
 
 /// Small numbers, so that edges meet; or `wide` ones of 32 bits, which shall only do no harm.
 struct Input {

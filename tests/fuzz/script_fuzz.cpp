@@ -1,12 +1,8 @@
 // Any bytes for a script and its parameters: it is refused or runs, and what it writes are parts of what it
 // read.
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <cstdlib>
-#include <string>
-#include <string_view>
 
+#include "fuzz.h"
 #include "kernel/script_run.h"
 #include "platform/document_text.h"
 #include "platform/errors.h"
@@ -16,10 +12,6 @@ namespace {
 using platform::Raster;
 
 constexpr platform::Size size{7, 5};
-
-void require(bool holds) {
-    if (!holds) std::abort();
-}
 
 /// Every pixel is another one.
 std::shared_ptr<const Raster> picture(int bitsPerPixel) {

@@ -18,8 +18,4 @@ struct HostilePicture {
 /// Of all kinds, each below 200 KB.
 std::vector<HostilePicture> hostilePictures();
 
-/// The bytes with a number of 16 or 32 bits put in the place of others, as bitmaps store it.
-std::string with16(std::string bytes, std::size_t at, std::uint32_t value);
-std::string with32(std::string bytes, std::size_t at, std::uint32_t value);
-
 }  // namespace support

@@ -7,7 +7,7 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools"))
 
-from test_results import crash_text, ctest_results  # noqa: E402
+from test_results import ctest_results  # noqa: E402
 
 CASES = {
     "good": '<testcase name="a" classname="S" status="run" result="completed"/>',
@@ -51,15 +51,6 @@ class Count(unittest.TestCase):
             for report in (folder / "ctest.xml", Path("missing.xml")):
                 results = ctest_results({"p": "p.xml", "q": None}, report, folder)
                 self.assertEqual([(0, 1), (0, 1)], [(r.passed, len(r.failures)) for r in results])
-
-    def test_crash_text_shows_the_running_test_and_the_reason(self):
-        noise = "\n".join(f"[       OK ] S.{number}" for number in range(100))
-        for output, shown in (
-                (f"{noise}\n[ RUN      ] S.last\nx.cpp:3: runtime error: overflow\n#0 at\n",
-                 "[ RUN      ] S.last\nx.cpp:3: runtime error: overflow\n#0 at"),
-                ("wine: Unhandled page fault\nRegister dump:\n rip:0\nBacktrace:\n=>0 main x.cpp:3\n",
-                 "wine: Unhandled page fault\nBacktrace:\n=>0 main x.cpp:3")):
-            self.assertEqual(shown, crash_text(output))
 
 
 if __name__ == "__main__":

@@ -108,30 +108,6 @@ TEST(ProfileDocument, FindsEveryKeyInAnyArrangement) {
     EXPECT_EQ(valueIn("[s]\n5=a\n1=1\n2=2\n3=3\n4=4\n5=b\n", "s", "5"), "a");
 }
 
-TEST(ProfileDocument, FindsSectionsInAnyOrder) {
-    const auto document = ProfileDocument::parse("[b]\nk=1\n[Ä]\nk=2\n[a]\n[B]\nk=3\n");
-    ASSERT_EQ(document.sectionCount(), 3U);
-    EXPECT_EQ(document.lineCount(), 7U);
-    for (const char* name : {"a", "b", "ä", "Ä", "b", "A"}) {
-        ASSERT_NE(document.findSection(name), nullptr) << name;
-        EXPECT_TRUE(text::equalNoCase(document.findSection(name)->name(), name));
-    }
-    EXPECT_EQ(document.findSection("c"), nullptr);
-}
-
-TEST(ProfileWriter, EveryTextComesBackEqual) {
-    const std::vector<string> plain = {"",      "plain", " ",        " a",       "a ",   "\ta\t",   "a\tb",
-                                       "\"a\"", "'a'",   "\"",       "'",        "\"\"", "''",      "\" ",
-                                       "a=b",   "=a",    "[s]",      "]",        ";a",   "Größe €", "Ω Я",
-                                       "🙂",  "ÃŸ",    "\xC2\x81", "\xC2\x85", "100 %"};
-    const std::vector<string> odd = {"\xED\xA0\xBD",   "x\xED\xB8\x80 ", "\xC2\xA0 nbsp\xC2\xA0",
-                                     "\xEF\xBB\xBF",   "\xE2\x80\xA8",   R"(\\server\a b\)",
-                                     string(5000, 'x')};
-    for (const auto& texts : {plain, odd})
-        for (const string& text : texts)
-            EXPECT_EQ(valueIn(there(text), "s", "k"), text) << testing::PrintToString(text);
-}
-
 TEST(ProfileWriter, ChoosesTheBytesThatWindowsUnderstands) {
     ProfileWriter writer;
     writer.section("s");

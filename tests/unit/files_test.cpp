@@ -102,16 +102,6 @@ TEST(Files, LongPathsWork) {
     EXPECT_THAT(files::foldedFileNames(path::directory(file)), ElementsAre("bild.bmp"));
 }
 
-TEST(Files, AFailedReplacementLeavesTheOldFileAndNothingElse) {
-    const support::TempFolder folder;
-    const string file = folder.write(R"(taken\old.kvs)", "old");
-    const string taken = folder.file("taken");  // a directory stands where the file should go
-    EXPECT_EQ(errorOf([&] { files::replace(taken, "new"); }).number(), error::fileError);
-    EXPECT_EQ(files::read(file), "old");
-    EXPECT_THAT(namesIn(folder.path()), ElementsAre("taken"));
-    EXPECT_THROW(files::replace(folder.file(R"(none\a)"), "new"), RuntimeError);
-}
-
 TEST(Files, ErrorsNameTheFileAndTheReason) {
     const support::TempFolder folder;
     const string file = folder.write("a"), none = folder.file("fehlt.kvs");

@@ -64,8 +64,10 @@ TEST(SampleSet, AFailedSaveKeepsTheOldFile) {
     set.kvtamSamples().Item(3).ItemDescr = "";
     for (int i = 0; i < 32767; ++i) set.kvtamClasses().Add("c");
     EXPECT_THROW(set.Save(), RuntimeError);  // nobody could read it
+    files::createDirectories(folder.file("Ordner.kvs"));
+    EXPECT_THROW(kvTamSampleSet().Save(folder.file("Ordner.kvs")), RuntimeError);
     EXPECT_EQ(files::read(set.FileName()), before);
-    EXPECT_EQ(files::list(folder.path()).size(), 1U);
+    EXPECT_EQ(files::list(folder.path()).size(), 2U);
 }
 
 TEST(SampleSet, CreatedFromADirectory) {

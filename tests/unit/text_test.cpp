@@ -37,8 +37,8 @@ TEST(Text, TellsUtf8) {
                              "longer than eight bytes ä", "\xEF\xBF\xBF", "\xF4\x8F\xBF\xBF"})
         EXPECT_TRUE(text::isUtf8(good)) << good;
     for (const char* bad :
-         {"\x80", "a\xC3", "\xC0\x80", "\xC1\xBF", "\xE0\x80\x80", "\xED\xA0\x80", "\xF0\x80\x80\x80",
-          "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xC3(", "12345678\xFC"})
+         {"\x80", "a\xC3", "\xC0\x80", "\xC1\xBF", "\xE0\x80\x80", "\xED\xA0\x80", "\xED\xB0\x80",
+          "\xF0\x80\x80\x80", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xC3(", "12345678\xFC"})
         EXPECT_FALSE(text::isUtf8(bad)) << bad;
 }
 

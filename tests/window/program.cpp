@@ -171,10 +171,6 @@ void Program::typeInto(const char* name, const std::string& text) const {
     replaceText(field != nullptr ? field : box, text);
 }
 
-void Program::commit(const char* box) const {
-    ::PostMessageW(control(box), WM_KEYDOWN, VK_RETURN, 1);
-}
-
 void Program::choose(const char* chooser, int index) const {
     const HWND box = control(chooser);
     ::SendMessageW(box, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
@@ -185,28 +181,6 @@ void Program::choose(const char* chooser, int index) const {
 
 void Program::selectTab(int index) const {
     ::SendMessageW(control("TabStrip1"), TCM_SETCURFOCUS, static_cast<WPARAM>(index), 0);
-}
-
-void Program::slide(const char* slider, int value) const {
-    const HWND window = control(slider);
-    ::SendMessageW(window, TBM_SETPOS, TRUE, value);
-    for (const int code : {TB_THUMBTRACK, TB_THUMBPOSITION, TB_ENDTRACK}) {
-        ::SendMessageW(::GetParent(window), WM_HSCROLL,
-                       MAKEWPARAM(static_cast<WORD>(code), static_cast<WORD>(value)),
-                       reinterpret_cast<LPARAM>(window));
-    }
-}
-
-void Program::drag(const char* name, POINT from, POINT to) const {
-    const HWND window = control(name);
-    const auto send = [window](UINT message, WPARAM keys, LONG x, LONG y) {
-        ::SendMessageW(window, message, keys, MAKELPARAM(static_cast<WORD>(x), static_cast<WORD>(y)));
-    };
-    send(WM_MOUSEMOVE, 0, from.x, from.y);
-    send(WM_LBUTTONDOWN, MK_LBUTTON, from.x, from.y);
-    send(WM_MOUSEMOVE, MK_LBUTTON, (from.x + to.x) / 2, (from.y + to.y) / 2);
-    send(WM_MOUSEMOVE, MK_LBUTTON, to.x, to.y);
-    send(WM_LBUTTONUP, 0, to.x, to.y);
 }
 
 bool Program::answer(const std::string& part, int button) const {
@@ -261,30 +235,6 @@ void Program::ask(HWND list, UINT message, int row, ItemRequest& request) const 
         request.item.pszText = there->text;
         request.item.cchTextMax = static_cast<int>(std::size(request.text));
     });
-}
-
-void Program::click(const char* toolbar, int button, ButtonPart part) const {
-    const HWND bar = control(toolbar);
-    RECT area{};
-    askWith(process_.hProcess, bar, TB_GETITEMRECT, static_cast<WPARAM>(button - 1), area, [](RECT*) {});
-    const LONG x = part == ButtonPart::arrow ? area.right - 4 : area.left + (area.bottom - area.top) / 2;
-    const auto at = MAKELPARAM(static_cast<WORD>(x), static_cast<WORD>((area.top + area.bottom) / 2));
-    ::PostMessageW(bar, WM_LBUTTONDOWN, MK_LBUTTON, at);
-    ::PostMessageW(bar, WM_LBUTTONUP, 0, at);
-}
-
-bool Program::enabled(const char* toolbar, int button) const {
-    return ::SendMessageW(control(toolbar), TB_ISBUTTONENABLED, static_cast<WPARAM>(button), 0) != 0;
-}
-
-int Program::image(const char* toolbar, int button) const {
-    return static_cast<int>(::SendMessageW(control(toolbar), TB_GETBITMAP, static_cast<WPARAM>(button), 0));
-}
-
-void Program::addToSelection(const char* list, int row) const {
-    ItemRequest request;
-    request.item.state = request.item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-    ask(control(list), LVM_SETITEMSTATE, row, request);
 }
 
 std::vector<std::string> Program::column(const char* list, int column, HWND form) const {

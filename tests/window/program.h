@@ -45,17 +45,8 @@ class Program {
     bool shows(const std::string& picture) const;
     /// Writes into a text box or the edit field of a chooser, as typing does.
     void typeInto(const char* box, const std::string& text) const;
-    void commit(const char* box) const;  ///< Enter
     void choose(const char* chooser, int index) const;
-    void slide(const char* slider, int value) const;  ///< by its thumb
-    /// Presses the left button at one point of a control, moves to another one and lets go there.
-    void drag(const char* control, POINT from, POINT to) const;
-    /// Clicks a button of a toolbar (from 1), or the arrow beside it.
-    enum class ButtonPart { face, arrow };
-    void click(const char* toolbar, int button, ButtonPart part = ButtonPart::face) const;
-    bool enabled(const char* toolbar, int button) const;
-    int image(const char* toolbar, int button) const;  ///< its number in the bar's list
-    void selectTab(int index) const;                   ///< from 0
+    void selectTab(int index) const;  ///< from 0
     /// Waits for a message box, checks that its text holds `part`, and presses a button (IDOK, IDYES, ...).
     bool answer(const std::string& part, int button) const;
     /// Waits for the system's dialog for a file or a folder, writes a path into it and presses OK.
@@ -65,8 +56,6 @@ class Program {
     /// The number of rows, and the first selected one (from 1), of a list.
     int rows(const char* list, HWND form = nullptr) const;
     int selectedRow(const char* list) const;
-    /// Selects a row (from 1) beside those that are selected.
-    void addToSelection(const char* list, int row) const;
     /// The texts of a list's column (from 0), from the first row to the last.
     std::vector<std::string> column(const char* list, int column, HWND form = nullptr) const;
     /// Waits until a text of that list is being edited, replaces it and presses Enter.

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "platform/application.h"
 #include "platform/basic_controls.h"
 #include "platform/form.h"
 #include "platform/list_view.h"
@@ -145,6 +146,17 @@ TEST(RegistryOnWindows, KeepsTextsUnderTheUsersKeyAndTakesNothingElse) {
     registry.removeAll();
     EXPECT_EQ(RegGetValueW(HKEY_CURRENT_USER, root.c_str(), L"Zahl", RRF_RT_ANY, nullptr, nullptr, nullptr),
               ERROR_FILE_NOT_FOUND);
+}
+
+TEST(FormatNumber, HasTheDecimalSignThatTheUserHasSet) {
+    wchar_t before[8]{};
+    GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, before, 8);
+    for (const wchar_t* sign : {L",", L"."}) {
+        EXPECT_TRUE(SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, sign));
+        EXPECT_EQ(formatNumber(2.5, 1), "2" + narrow(sign) + "5");
+    }
+    SetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, before);
+    EXPECT_EQ(formatNumber(3, 0), "3");
 }
 
 TEST(FormOnWindows, EndsWithTheSession) {

@@ -3,10 +3,15 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
 #include <string_view>
+
+inline void require(bool holds) {
+    if (!holds) std::abort();
+}
 
 /// A file that never reaches a disk, for readers that want a name.
 class MemoryFile {
@@ -20,8 +25,7 @@ class MemoryFile {
     const std::string& name() const { return name_; }
     void fill(std::string_view content) const {
         const auto size = static_cast<ssize_t>(content.size());
-        if (::ftruncate(number_, 0) != 0 || ::pwrite(number_, content.data(), content.size(), 0) != size)
-            std::abort();
+        require(::ftruncate(number_, 0) == 0 && ::pwrite(number_, content.data(), content.size(), 0) == size);
     }
 
   private:
