@@ -50,26 +50,37 @@ void frmStich::GoToItem(int row) {
     lvCItems_ItemClick(row);
 }
 
-void frmStich::lvCItems_ItemClick(int row) {
+void frmStich::lvCItems_ItemClick(int) {
+    if (showingItem_) return;  // who is showing one comes to it
     const Flagged showing(showingItem_);
     platform::application::doEvents();
-    if (showItem(row)) ListView2.selectOnly(row);
+    if (const int row = showChosen()) ListView2.selectOnly(row);
 }
 
 void frmStich::ListView2_ItemClick(int row) {
     if ((sourceShift_ & platform::shiftKey::shift) != 0) return;
-    const Flagged showing(showingItem_);
     // The picture on the screen is the one that a class button labels.
     lvCItems.selectOnly(row);
-    showItem(row);
+    if (showingItem_) return;
+    const Flagged showing(showingItem_);
+    showChosen();
 }
 
-// Events that were handled meanwhile may have chosen another item or removed this one: that choice counts.
+// The item that is chosen, and if events that were handled meanwhile chose another one, that: a key that is
+// held down while a disk is slow must not nest one picture in the other. Answers its row, or 0.
+int frmStich::showChosen() {
+    for (;;) {
+        const int row = mListView::GetSelectedIndex(lvCItems);
+        if (row == 0 || row > set_.sampleCount()) return 0;
+        if (showItem(row)) return row;
+    }
+}
+
+// False when another item was chosen meanwhile, or this one removed.
 bool frmStich::showItem(int row) {
     const auto isChosen = [&] {
         return mListView::GetSelectedIndex(lvCItems) == row && row <= set_.sampleCount();
     };
-    if (!isChosen()) return false;
     const platform::application::WaitCursor wait;
     showPicture(ItemPath(row));
     seenAt_ = platform::application::inputTime();

@@ -14,8 +14,9 @@ bool frmStich::Form_QueryUnload() {
     if (waiting_ || searching_) waitGivenUp_ = true;
     if (frmSave_) frmSave_->form.unload();
     if (waiting_ || searching_ || frmSave_) return false;
-    moveRegion();  // a number that is still being typed
+    const bool named = endEdits();
     if (set_.sampleCount() == 0 || set_.unchanged()) return endAgreed_ = true;
+    if (!named) return false;
     const int answer = say("Änderungen speichern?", message::yesNoCancel | message::question);
     endAgreed_ = answer == message::yes ? SaveSetAs(cboSets.text()) : answer == message::no;
     return endAgreed_;
@@ -41,12 +42,18 @@ void frmStich::btnOK_Click() {
 }
 
 void frmStich::btnAbbr_Click() {
+    if (waiting_ || searching_) {
+        waitGivenUp_ = true;
+        return;
+    }
     Timer1.setEnabled(false);
     Timer2.setEnabled(false);
+    endEdits();
+    const bool unchanged = set_.unchanged();
     set_.setUnchanged(true);
     leaveMissingFiles();
     platform::application::doEvents();
-    form.unload();
+    if (!form.unload()) set_.setUnchanged(unchanged);
 }
 
 void frmStich::btnGrab_Click() {

@@ -30,7 +30,7 @@ void frmStich::saveRegions(std::int16_t mode) {
     if (showingItem_) return platform::application::beep();  // the picture is not the one that is seen
     moveRegion();                                            // a number that is still being typed
     shell::frmSave dialog(form, *this, environment_, PathROI_);
-    for (const auto& image : toolbarImages(iconSize_)) {
+    for (const auto& image : toolbarImages(iconStyle_.size, iconStyle_.barGround)) {
         if (image.key == Toolbar1.button(Toolbar1.indexOf("btnSave")).tag) dialog.form.setIcon(image.icon);
     }
     frmSave_ = &dialog;

@@ -98,7 +98,8 @@ void frmStich::openDropped(const std::string& file) {
     const std::string name = path::stem(file);
     if (text::equalNoCase(path::normalise(file), path::normalise(setFile(name)))) {
         offerSaved(name);
-        return cboSets.setListIndex(listedSet(name));
+        cboSets.setListIndex(listedSet(name));
+        return lvCItems.focus();
     }
     const platform::application::WaitCursor wait;
     if (openInstead(file)) {

@@ -50,22 +50,22 @@ frmStich::frmStich(const shell::Environment& environment)
       lblPath(fraFiles, "lblPath", "&Quellverzeichnis:"),
       txtPath(fraFiles, "txtPath", TextBox::Style::readOnly),
       btnPath(fraFiles, "btnPath", "..."),
-      ListView1(fraFiles, "ListView1", {{"Name", 15}, {"Größe", 9, rightAligned}, {"Datum", 15}},
+      ListView1(fraFiles, "ListView1", {{"Name", 14}, {"Größe", 8, rightAligned}, {"Datum", 15}},
                 {.multiSelect = true}),
       btn(fraFiles, "btn", ">"),
       btn_A(fraFiles, "btn_A", ">>"),
       btnR(fraFiles, "btnR", "<"),
       btnRA(fraFiles, "btnRA", "<<"),
-      ListView2(fraFiles, "ListView2", {{"Name", 15}, {"Verzeichnis", 24}}, {.multiSelect = true}),
+      ListView2(fraFiles, "ListView2", {{"Name", 14}, {"Verzeichnis", 8}}, {.multiSelect = true}),
       chkDouble(fraFiles, "chkDouble", "gleiche Datei &mehrfach"),
       txtPicCount(fraFiles, "txtPicCount", TextBox::Style::readOnly),
       fraClasses(form, "fraClasses"),
       lvCClasses(fraClasses, "lvCClasses",
-                 {{"Name", 12},
-                  {"Nr.", 4, rightAligned},
+                 {{"Name", 11},
+                  {"Nr.", 3, rightAligned},
                   {"Standard", 8},
-                  {"Beschreibung", 20},
-                  {"Anzahl", 7, rightAligned}},
+                  {"Beschreibung", 11},
+                  {"Anzahl", 6, rightAligned}},
                  {.editLabels = true}),
       btnCNew(fraClasses, "btnCNew", "&Neu"),
       btnCDel(fraClasses, "btnCDel", "&Löschen"),
@@ -76,7 +76,7 @@ frmStich::frmStich(const shell::Environment& environment)
       lblStdClass(fraClasses, "lblStdClass", "Stan&dardklasse:"),
       cboStdClass(fraClasses, "cboStdClass", ComboBox::Style::list),
       fraROIs(form, "fraROIs"),
-      lvROIs(fraROIs, "lvROIs", {{"Name", 14}, {"Beschreibung", 16}}, {.editLabels = true}),
+      lvROIs(fraROIs, "lvROIs", {{"Name", 18}, {"Beschreibung", 23}}, {.editLabels = true}),
       btnROINew(fraROIs, "btnROINew", "&Neu"),
       btnROIDel(fraROIs, "btnROIDel", "&Löschen"),
       btnROIRename(fraROIs, "btnROIRename", "&Umbenennen"),
@@ -95,7 +95,7 @@ frmStich::frmStich(const shell::Environment& environment)
       lblROI(form, "lblROI", "Be&reich:"),
       cboROI(form, "cboROI", ComboBox::Style::list),
       lvCItems(form, "lvCItems",
-               {{"Element", 14}, {"Klasse", 10}, {"Verzeichnis", 10}, {"Nr.", 5, rightAligned}}, {}),
+               {{"Element", 20}, {"Klasse", 13}, {"Verzeichnis", 14}, {"Nr.", 6, rightAligned}}, {}),
       kvBar2(form, "kvBar2", SplitterBar::Direction::vertical),
       Toolbar1(form, "Toolbar1"),
       txtTime(form, "txtTime", {}, Label::Style::plain),
@@ -121,7 +121,7 @@ frmStich::frmStich(const shell::Environment& environment)
       journal_(environment.journalDirectory) {
     constexpr int countColumn = 5;
     lvCClasses.moveColumn(countColumn, 3);  // where it is seen without scrolling
-    kvBar2.setPosition(430);
+    kvBar2.setPosition(475);
     kvBar3.setPosition(360);
     Slider1.setRange(shortestInterval, longestInterval, intervalStep, intervalPage);
     Slider1.setValue(firstInterval);

@@ -18,6 +18,7 @@
 #include "editor/set_io.h"
 #include "platform/background_task.h"
 #include "platform/basic_controls.h"
+#include "platform/canvas.h"
 #include "platform/form.h"
 #include "platform/list_view.h"
 #include "platform/registry.h"
@@ -192,7 +193,6 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     void Form_Resize();
     bool Form_KeyDown(int code, int shift, platform::KeyUse focus);
     bool controlKey(int code, int shift);
-    void saveByKey();
     void turnPage(int by);
     bool pressClassButton(int button);
     bool toggleShow(platform::KeyUse focus);
@@ -227,12 +227,19 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     void btnAbbr_Click();
     int say(const std::string& text, int codes);
     bool leaveSet(const std::string& name);
-    bool checkTarget(const std::string& name);
-    bool readSetNames();
+    /// What is found in the sets directory: the names of the sets, and the version of a file that is to be
+    /// written there.
+    struct Target {
+        std::vector<std::string> names;
+        std::optional<platform::files::Version> version;
+    };
+    bool checkName(const std::string& name);
+    std::optional<Target> lookAtSets(const std::string& target);
+    std::optional<Target> lookAtTarget(const std::string& name);
     bool openInstead(const std::string& file);
     void chooseSet(int index);
     void putChooserBack();
-    bool mayReplace(const std::string& name);
+    bool mayReplace(const std::string& name, const Target& target);
     bool write(const std::string& file);
     int listedSet(const std::string& name) const;
     std::string setFile(const std::string& name) const;
@@ -280,6 +287,8 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     void lvROIs_KeyDown(int key);
     void describeRegion();
     void moveRegion();
+    /// Names and numbers that are being typed count. False while a name is refused.
+    bool endEdits();
     void regionsBroughtIn();
     void regionChanged(std::int32_t X, std::int32_t Y, std::int32_t dX, std::int32_t dY);
     void showGeometry(std::int32_t X, std::int32_t Y, std::int32_t dX, std::int32_t dY);
@@ -307,6 +316,7 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
 
     void label(int row, std::int16_t classIndex);
     bool pressIsUnseen() const;
+    int showChosen();
     bool showItem(int row);
     void expectAround(int row, int before);
     void showPicture(const std::string& path);
@@ -367,7 +377,12 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     int browsing_ = 1;          // the direction in which the user steps through the items: 1 or -1
     bool showRuns_ = false;     // the slide show, also while its timer waits for a picture
     int layoutTicks_ = 0;
-    int iconSize_ = 0;  // pixels, of the icons that are in use
+    /// Of the icons that are in use: their size in pixels, and the colours that they are drawn on.
+    struct IconStyle {
+        int size = 0;
+        platform::Colour barGround = 0, listGround = 0;
+        bool operator==(const IconStyle&) const = default;
+    } iconStyle_;
 };
 
 }  // namespace editor

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "platform/canvas.h"
 #include "platform/icon_image.h"
 #include "platform/toolbar.h"
 
@@ -13,10 +14,10 @@ inline constexpr int bitmap = 0;
 inline constexpr int jpeg = 1;
 }  // namespace pictureKind
 
-/// Icons of picture files, `size` pixels each way, in the order of pictureKind.
-std::vector<platform::IconImage> pictureIcons(int size);
+/// Icons of picture files, `size` pixels each way, in the order of pictureKind. They stand out from `ground`.
+std::vector<platform::IconImage> pictureIcons(int size, platform::Colour ground);
 
 /// Images of the picture toolbar under the keys of its buttons and menu entries.
-std::vector<platform::Toolbar::Image> toolbarImages(int size);
+std::vector<platform::Toolbar::Image> toolbarImages(int size, platform::Colour ground);
 
 }  // namespace editor

@@ -53,7 +53,7 @@ bool isHeld() {
 }  // namespace
 
 bool frmStich::Form_KeyDown(int code, int shift, KeyUse focus) {
-    if (waiting_) return false;
+    if (isBusy()) return false;
     if ((shift & platform::shiftKey::control) != 0) return controlKey(code, shift);
     if (shift != 0) return false;
     if (code == key::f1) {
@@ -66,7 +66,8 @@ bool frmStich::Form_KeyDown(int code, int shift, KeyUse focus) {
     if (code == key::up || code == key::left) return kvButtonList1.MoveFocus(-1);
     if (code == key::down || code == key::right) return kvButtonList1.MoveFocus(1);
     const char* step = stepOf(code);
-    if (step == nullptr || keepsSteps(focus)) return false;
+    // Rows of the item list are pictures: there a step is one, too.
+    if (step == nullptr || (keepsSteps(focus) && !lvCItems.focused())) return false;
     Toolbar1_ButtonClick(step);
     return true;
 }
@@ -79,19 +80,12 @@ bool frmStich::controlKey(int code, int shift) {
     }
     if (shift != platform::shiftKey::control) return false;
     if (code == 'S') {
-        if (!isHeld() && btnSave.enabled()) saveByKey();
+        if (!isHeld() && btnSave.enabled()) btnSave_Click();
         return true;
     }
     if (code != key::pageUp && code != key::pageDown) return false;
     kvButtonList1.ScrollPages(code == key::pageUp ? -1 : 1);
     return true;
-}
-
-// A name that is still being edited counts, as it does when the button is clicked.
-void frmStich::saveByKey() {
-    for (platform::ListView* list : {&lvCClasses, &lvROIs})
-        if (list->focused()) list->focus();
-    btnSave_Click();
 }
 
 void frmStich::turnPage(int by) {

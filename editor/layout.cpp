@@ -33,13 +33,19 @@ struct Units : Metrics {
     int row() const { return std::max(comboHeight, lineHeight + px(8)); }
     /// Label beside a field: its text stands as high as the field's.
     Rect label(int x, int y, int width) const {
-        return Rect::at(x, y + (row() - lineHeight) / 2, width, lineHeight + px(1));
+        return Rect::at(x, y + (row() - lineHeight) / 2, width, lineHeight);
     }
-    /// A text box in a row: no higher than its line of text needs, which it shows at its top.
+    /// A text box in a row. It shows its text below an edge of two pixels and one of air; the same below the
+    /// text makes it stand in the middle.
     Rect box(int left, int y, int right) const {
-        const int height = std::min(row(), lineHeight + px(8));
+        const int height = std::min(row(), lineHeight + 6);
         const int top = y + (row() - height) / 2;
         return {left, top, right, top + height};
+    }
+    /// A combo box in a row: where a row is higher, its text would not stand in its middle.
+    Rect combo(int left, int y, int right) const {
+        const int top = y + (row() - comboHeight) / 2;
+        return {left, top, right, top + comboHeight};
     }
     template <class Captioned>
     int buttonWidth(const Captioned& button) const {
@@ -112,7 +118,7 @@ void frmStich::layOutTopRow(int left, int right) {
     const int fieldLeft = left + labelWidth + u.gap();
     const int buttons = u.buttonWidth(btnSave) + u.buttonWidth(btnGrab) + 2 * u.gap();
     const int fieldWidth = std::min(right - fieldLeft - buttons, u.px(320));
-    cboSets.move(Rect::at(fieldLeft, y, fieldWidth, u.row()));
+    cboSets.move(u.combo(fieldLeft, y, fieldLeft + fieldWidth));
     int x = fieldLeft + fieldWidth + u.gap();
     for (platform::Button* button : {&btnSave, &btnGrab}) {
         button->move(Rect::at(x, y, u.buttonWidth(*button), u.row()));
@@ -136,7 +142,7 @@ void frmStich::layOutLeft(Rect area) {
     const int y = barTop + u.bar();
     const int labelWidth = u.labelWidth(lblROI);
     lblROI.move(u.label(area.left, y, labelWidth));
-    cboROI.move({area.left + labelWidth + u.gap(), y, area.right, y + u.row()});
+    cboROI.move(u.combo(area.left + labelWidth + u.gap(), y, area.right));
     lvCItems.move({area.left, y + u.row() + u.gap(), area.right, area.bottom});
     if (const int current = lvCItems.firstSelected()) lvCItems.ensureVisible(current);
 }
@@ -160,7 +166,7 @@ void frmStich::layOutFiles(int width, int height) {
     stack(u, {columnLeft, listTop, columnLeft + column, listBottom}, {&btn, &btn_A, &btnR, &btnRA});
     ListView2.move({columnLeft + column + u.gap(), listTop, right, listBottom});
 
-    const int countWidth = platform::textWidth(txtPicCount, "100000 Elemente") + u.px(10);
+    const int countWidth = platform::textWidth(txtPicCount, "100000 Elemente") + u.px(16);
     txtPicCount.move(u.box(right - countWidth, checkTop, right));
     chkDouble.move({edge, checkTop, right - countWidth - u.gap(), checkTop + u.row()});
 }
@@ -174,7 +180,7 @@ void frmStich::layOutClasses(int width, int height) {
     const int standardTop = height - edge - u.row();
     const int descriptionTop = standardTop - u.gap() - u.row();
     lblStdClass.move(u.label(edge, standardTop, labelWidth));
-    cboStdClass.move({fieldLeft, standardTop, right, standardTop + u.row()});
+    cboStdClass.move(u.combo(fieldLeft, standardTop, right));
     lblCDescription.move(u.label(edge, descriptionTop, labelWidth));
     txtCDescription.move(u.box(fieldLeft, descriptionTop, right));
 
@@ -218,7 +224,7 @@ void frmStich::layOutRight(Rect area) {
     const Units u(platform::metricsOf(form));
     const auto bar = Toolbar1.preferredSize();
     const int barHeight = std::max(bar.height, u.row());
-    Toolbar1.move(Rect::at(area.left, area.top, bar.width, bar.height));
+    Toolbar1.move(Rect::at(area.left, area.top + (barHeight - bar.height) / 2, bar.width, bar.height));
     const int timeLeft = area.left + bar.width + u.gap();
     const int timeWidth = platform::textWidth(txtTime, " 10,0s") + u.px(6);
     txtTime.move(
@@ -231,7 +237,7 @@ void frmStich::layOutRight(Rect area) {
     const int infoTop = sizeTop - u.gap() - u.row();
     const int stretchWidth = platform::textWidth(chkStretch, "einpassen") + u.px(26);
     const int sizeWidth =
-        std::min(platform::textWidth(txtSize, "10000 x 10000 Pixel, 24 Bit Farbtiefe") + u.px(12),
+        std::min(platform::textWidth(txtSize, "10000 x 10000 Pixel, 24 Bit Farbtiefe") + u.px(16),
                  area.width() - stretchWidth - u.gap());
     txtInfo.move(u.box(area.left, infoTop, area.right));
     txtSize.move(u.box(area.left, sizeTop, area.left + sizeWidth));
@@ -255,7 +261,7 @@ int frmStich::classButtonsWidth(int available) const {
     for (int row = 1; row <= set_.classCount(); ++row) {
         widest = std::max(widest, platform::textWidth(kvButtonList1, set_.classRow(row).name));
     }
-    const int digit = platform::textWidth(kvButtonList1, "0") + u.px(8);
+    const int digit = platform::textWidth(kvButtonList1, "0") + u.px(10);
     return clampBetween(digit + widest + u.vScrollWidth + u.px(24), u.px(smallestClassButtons),
                         available * 2 / 5);
 }
@@ -266,11 +272,14 @@ void frmStich::toolbarReady() {
 }
 
 void frmStich::makeIcons() {
-    const int size = platform::metricsOf(form).iconSize;
-    if (size == iconSize_) return;
-    iconSize_ = size;
-    Toolbar1.setImages(toolbarImages(size));
-    const auto icons = pictureIcons(size);
+    using platform::SystemColour;
+    const IconStyle style{platform::metricsOf(form).iconSize,
+                          platform::systemColour(SystemColour::buttonFace),
+                          platform::systemColour(SystemColour::window)};
+    if (style == iconStyle_) return;
+    iconStyle_ = style;
+    Toolbar1.setImages(toolbarImages(style.size, style.barGround));
+    const auto icons = pictureIcons(style.size, style.listGround);
     for (platform::ListView* list : {&ListView1, &ListView2, &lvCItems}) list->setIcons(icons);
 }
 

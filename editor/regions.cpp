@@ -85,6 +85,12 @@ void frmStich::regionsBroughtIn() {
     showGeometry(now.left, now.top, now.width(), now.height());
 }
 
+bool frmStich::endEdits() {
+    moveRegion();
+    const bool named = lvCClasses.endEdit();
+    return lvROIs.endEdit() && named;
+}
+
 // A number that was typed moves the region; what is none, or no size, is put back.
 void frmStich::moveRegion() {
     if (selectedRegion_ == 0) return;

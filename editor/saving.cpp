@@ -19,7 +19,7 @@ void Saving::write(platform::BackgroundTask::Progress& progress) {
     try {
         stored_ = files::replace(path_, bytes_, [&](std::size_t written) {
             progress.done = kilobytes(written);
-            return mayGoOn(written);
+            return !progress.cancelled && mayGoOn(written);
         });
         if (stored_) version_ = files::version(path_);
     } catch (const platform::RuntimeError&) {

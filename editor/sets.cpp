@@ -1,5 +1,8 @@
 // The sets directory, the chooser of sets, and saving under a name.
 #include <algorithm>
+#include <memory>
+#include <new>
+#include <optional>
 
 #include "editor/frmStich.h"
 #include "editor/notify_suite.h"
@@ -37,15 +40,16 @@ std::string frmStich::setFile(const std::string& name) const {
 }
 
 void frmStich::SearchSets(bool fill) {
-    if (!readSetNames() || !fill) return;
+    if (!lookAtSets({}) || !fill) return;
     cboSets.add(setNames_);
     widenSetList();
 }
 
-// The sets directory may lie on a share. False when the user gave up: then nothing is known.
-bool frmStich::readSetNames() {
-    const auto names = std::make_shared<std::vector<std::string>>();
-    platform::BackgroundTask task([names, directory = setsDirectory_](auto& progress) {
+// The sets directory may lie on a share. None when the user gave up: then nothing is known.
+std::optional<frmStich::Target> frmStich::lookAtSets(const std::string& target) {
+    const auto found = std::make_shared<Target>();
+    platform::BackgroundTask task([found, target, directory = setsDirectory_](auto& progress) {
+        if (!target.empty()) files::createDirectories(directory);
         if (!files::directoryExists(directory)) return;
         const auto goOn = [&progress](std::size_t entries) {
             progress.done = static_cast<int>(entries);
@@ -54,14 +58,15 @@ bool frmStich::readSetNames() {
         for (const auto& entry : files::list(directory, goOn)) {
             const bool isSet =
                 !entry.isDirectory && text::equalNoCase(path::extension(entry.name), shell::setExtension);
-            if (isSet) names->push_back(path::stem(entry.name));
+            if (isSet) found->names.push_back(path::stem(entry.name));
         }
-        std::sort(names->begin(), names->end(),
+        std::sort(found->names.begin(), found->names.end(),
                   [](const auto& a, const auto& b) { return text::compareNatural(a, b) < 0; });
+        if (!target.empty()) found->version = files::version(target);
     });
-    if (!waitFor("Die Stichproben werden gesucht ...", task)) return false;
-    setNames_ = std::move(*names);
-    return true;
+    if (!waitFor("Die Stichproben werden gesucht ...", task)) return std::nullopt;
+    setNames_ = found->names;
+    return *found;
 }
 
 void frmStich::widenSetList() {
@@ -97,6 +102,10 @@ void frmStich::cboSets_Click() {
     if (isOpen ? LoadFile(setFile(chosen)) != shell::notOpened : openInstead(setFile(chosen))) {
         cboSets_Change();
         openName_ = chosen;
+        // The digits that are typed next are no part of a name. Who steps through the list by key stays in
+        // it.
+        const auto press = platform::application::currentPress();
+        if (press && press->byMouse) platform::application::post(form, [this] { lvCItems.focus(); });
     } else {
         putChooserBack();
     }
@@ -132,6 +141,7 @@ int frmStich::listedSet(const std::string& name) const {
 
 // Asks about changes; false when they could not be saved as the user wished.
 bool frmStich::leaveSet(const std::string& name) {
+    if (!endEdits()) return false;
     if (set_.sampleCount() == 0 || set_.unchanged()) return true;
     const int answer = say("Änderungen in  \"" + name + shell::setExtension + "\" speichern?",
                            message::yesNo | message::question);
@@ -144,8 +154,9 @@ bool frmStich::leaveSet(const std::string& name) {
 }
 
 // The usual question is for a file that one knows; of what others did to it meanwhile it says nothing.
-bool frmStich::mayReplace(const std::string& name) {
-    if (!text::equalNoCase(setFile(name), openFile_.path) || !openFile_.isReplaced()) return true;
+bool frmStich::mayReplace(const std::string& name, const Target& target) {
+    const bool isOurs = text::equalNoCase(setFile(name), openFile_.path);
+    if (!isOurs || !target.version || target.version == openFile_.version) return true;
     const int answer = say("Die Datei \"" + name + shell::setExtension +
                                "\" wurde von anderer Seite geändert, seit sie hier gelesen oder gespeichert "
                                "wurde.\r\nDiese Änderungen gehen verloren, wenn Sie jetzt speichern.",
@@ -153,46 +164,51 @@ bool frmStich::mayReplace(const std::string& name) {
     return answer == message::ok;
 }
 
-bool frmStich::checkTarget(const std::string& name) {
-    if (!path::isValidFileName(name + shell::setExtension) || name.back() == ' ' || name.back() == '.') {
-        say("Der Name \"" + name +
-                "\" kann nicht verwendet werden.\r\n"
-                "Ein Name darf keines der Zeichen \\ / : * ? \" < > | und keine Steuerzeichen enthalten, "
-                "nicht mit einem Punkt oder Leerzeichen enden und kein Gerätename sein.",
-            message::exclamation);
-        return false;
-    }
-    try {
-        files::createDirectories(setsDirectory_);
-        return readSetNames();
-    } catch (const platform::RuntimeError& failure) {
-        say(failure.description(), message::exclamation);
-        return false;
-    }
-}
-
-bool frmStich::SaveSetAs(const std::string& name) {
+bool frmStich::checkName(const std::string& name) {
     if (name.empty()) {
         say("Sie haben keinen Namen für die Stichprobe vergeben!", message::exclamation);
         return false;
     }
-    moveRegion();  // a number that is still being typed
+    if (!endEdits()) return false;
     if (set_.sampleCount() == 0) {
         say("Sie haben keine Dateien ausgewählt!", message::exclamation);
         return false;
     }
-    const auto seen = files::version(setFile(name));
-    if (!checkTarget(name) || !mayReplace(name)) return false;
-    const bool isThere = std::any_of(setNames_.begin(), setNames_.end(),
+    if (path::isValidFileName(name + shell::setExtension) && name.back() != ' ' && name.back() != '.')
+        return true;
+    say("Der Name \"" + name +
+            "\" kann nicht verwendet werden.\r\n"
+            "Ein Name darf keines der Zeichen \\ / : * ? \" < > | und keine Steuerzeichen enthalten, "
+            "nicht mit einem Punkt oder Leerzeichen enden und kein Gerätename sein.",
+        message::exclamation);
+    return false;
+}
+
+// None when it cannot be told, which the user knows then.
+std::optional<frmStich::Target> frmStich::lookAtTarget(const std::string& name) {
+    try {
+        return lookAtSets(setFile(name));
+    } catch (const platform::RuntimeError& failure) {
+        say(failure.description(), message::exclamation);
+        return std::nullopt;
+    }
+}
+
+bool frmStich::SaveSetAs(const std::string& name) {
+    if (!checkName(name)) return false;
+    const auto target = lookAtTarget(name);
+    if (!target || !mayReplace(name, *target)) return false;
+    const bool isThere = std::any_of(target->names.begin(), target->names.end(),
                                      [&](const auto& known) { return text::equalNoCase(known, name); });
     if (isThere) {
         const int answer = say("Stichprobendatei \"" + name + shell::setExtension +
                                    "\" ist bereits vorhanden.\r\nVorhandene Datei überschreiben?",
                                message::okCancel | message::question);
         if (answer != message::ok) return false;
+        // The question takes its time.
+        const auto now = lookAtTarget(name);
+        if (!now || (now->version != target->version && !mayReplace(name, *now))) return false;
     }
-    // The questions take their time.
-    if (files::version(setFile(name)) != seen && !mayReplace(name)) return false;
     if (!write(setFile(name))) return false;
     offerSaved(name);
     NotifySuite();
@@ -204,14 +220,19 @@ bool frmStich::write(const std::string& file) {
     std::shared_ptr<Saving> saving;
     const std::uint64_t changes = set_.changes();
     try {
-        saving =
-            std::make_shared<Saving>(file, setBytes(dataDirectory_, set_, rectangles()), openFile_.version);
+        const bool isOurs = text::equalNoCase(file, openFile_.path);
+        saving = std::make_shared<Saving>(file, setBytes(dataDirectory_, set_, rectangles()),
+                                          isOurs ? openFile_.version : std::nullopt);
         platform::BackgroundTask task([saving](auto& progress) { saving->write(progress); });
         while (!waitFor("Die Stichprobe wird gespeichert ...", task)) {
             if (!saving->giveUp()) continue;
             tell("Die Stichprobe wurde nicht gespeichert.");
             return false;
         }
+    } catch (const std::bad_alloc&) {
+        say("Die Stichprobe konnte nicht gespeichert werden.\r\nDer Arbeitsspeicher reicht nicht aus.",
+            message::exclamation);
+        return false;
     } catch (const platform::RuntimeError& failure) {
         if (saving && saving->isStored()) openFile_ = {file, saving->version()};
         say("Die Stichprobe konnte nicht gespeichert werden.\r\n" + failure.description(),
@@ -219,7 +240,10 @@ bool frmStich::write(const std::string& file) {
         return false;
     }
     openFile_ = {file, saving->version()};
-    if (set_.changes() != changes) return false;
+    if (set_.changes() != changes) {
+        tell("Die Stichprobe wurde beim Speichern noch geändert. Bitte speichern Sie sie noch einmal.");
+        return false;
+    }
     journal_.forget();
     return true;
 }

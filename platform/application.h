@@ -18,9 +18,10 @@ int run(Form& form);
 /// Lets pending window messages be processed once.
 void doEvents();
 
-/// The same while the program waits for something: of the mouse and the keys only what is meant for `only`
-/// and what stands in it. All other input is dropped, so that nothing happens later that was meant for what
-/// is seen now. True when Escape was pressed.
+/// The same while the program waits for something. What is meant for `only` and what stands in it happens, and
+/// the window can be moved, minimised and closed by its frame. Other input is dropped, also that of a screen
+/// reader, so that nothing happens later that was meant for what is seen now. Once `only` is to be seen, what
+/// had dropped down closes; when it is hidden the focus goes back to where it was. True when Escape was pressed.
 bool doEventsFor(Container& only);
 
 /// A press of a mouse button or a key that is being handled now.
@@ -32,6 +33,7 @@ struct Press {
     };
     std::uint32_t time;   ///< when it began, on the clock of inputTime()
     Kind kind;
+    bool byMouse = false;
 };
 /// None when what is being handled does not come from the user.
 std::optional<Press> currentPress();

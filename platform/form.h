@@ -56,7 +56,7 @@ class Form : public Container {
 
     /// Position and size in restored state, and whether it is maximised, as text, to be kept between runs.
     /// Set before it is shown it comes in the same size to the eye, whatever the resolution is there now, and
-    /// wholly on its monitor; a text that is none, or that lies on no monitor of this machine, changes nothing.
+    /// wholly on its monitor, or on the nearest one when that is gone; a text that is none changes nothing.
     std::string placement() const;
     void setPlacement(const std::string& placement);
 

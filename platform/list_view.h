@@ -66,6 +66,9 @@ class ListView : public Control {
 
     /// Selects this row alone and opens its text for editing; nothing happens while the list cannot be seen.
     void editLabel(int row);
+    /// Takes over a text that is being edited, as Enter does. False when the owner refused it and it is edited
+    /// on.
+    bool endEdit();
     /// The row at a point of the list's client area, 0 when there is none.
     int hitTest(Point point) const;
     int columnCount() const;

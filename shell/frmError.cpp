@@ -38,7 +38,7 @@ constexpr std::int32_t nothingSearched = -1;
 frmError::frmError(platform::Form& owner, platform::Registry& registry, const Environment& environment)
     : form("frmError", "Fehlende Dateien", {.clientSize = {560, 360}, .dialog = true, .owner = &owner}),
       lblTop(form, "lblTop", "Diese Dateien der Stichprobe wurden &nicht gefunden:"),
-      ListView1(form, "ListView1", {{"Nr.", 6}, {"Erwartet unter", 76}}, {}),
+      ListView1(form, "ListView1", {{"Nr.", 6}, {"Erwartet unter", 64}}, {}),
       lblQuestion(form, "lblQuestion", {}, platform::Label::Style::wrapped),
       btnSearch(form, "btnSearch", "&Suchen..."),
       btnDel(form, "btnDel", "&Entfernen"),
@@ -95,8 +95,8 @@ void frmError::Form_Resize() {
     const int questionTop = buttonTop - m.px(8) - questionHeight;
 
     using platform::Rect;
-    lblTop.move(Rect::at(margin, m.px(7), width - 2 * margin, m.lineHeight));
-    const int listTop = m.px(7) + m.lineHeight + m.px(4);
+    lblTop.move(Rect::at(margin, margin, width - 2 * margin, m.lineHeight));
+    const int listTop = margin + m.lineHeight + m.px(4);
     ListView1.move({margin, listTop, width - margin, questionTop - m.px(6)});
     lblQuestion.move(Rect::at(margin, questionTop, width - 2 * margin, questionHeight));
     int right = width - margin;

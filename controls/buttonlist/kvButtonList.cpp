@@ -17,7 +17,8 @@ namespace {
 
 constexpr int edge = 2;  // width of the sunken frame
 constexpr int wheelNotch = 120;
-constexpr int frame = 8;  // what a button needs beside its caption
+constexpr int frame = 8;       // what a button needs beside its caption
+constexpr int hintSpace = 10;  // and what stands around its digit
 constexpr std::string_view digits = "1234567890";
 constexpr std::size_t mostItems = std::numeric_limits<std::int16_t>::max();
 
@@ -141,7 +142,7 @@ void kvButtonList::showCaptions() {
         if (slot.caption() != caption) slot.setPlainCaption(caption);
         // What a button cannot show whole it tells when the mouse rests on it.
         slot.setKeyHint(showDigits_ && i < digits.size() ? std::string(1, digits[i]) : std::string());
-        const int hint = showDigits_ ? platform::textWidth(slot, "0") + frame : 0;
+        const int hint = showDigits_ ? platform::textWidth(slot, "0") + hintSpace : 0;
         const bool fits = platform::textWidth(slot, caption) + frame + hint <= slot.bounds().width();
         slot.setToolTip(fits ? std::string() : caption);
     }

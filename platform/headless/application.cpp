@@ -45,13 +45,10 @@ void doEvents() {
 }
 
 // Who waits looks again after a while: the clock goes on. Here nobody presses a key meanwhile.
-bool doEventsFor(Container&) {
+bool doEventsFor(Container& only) {
     constexpr std::int64_t whileWaiting = 30;  // milliseconds
     Desk& desk = Desk::instance();
-    const std::int64_t until = desk.now() + whileWaiting;
-    desk.runPending();
-    while (desk.tickNext(until)) desk.runPending();
-    desk.setNow(until);
+    desk.wait(only.native(), desk.now() + whileWaiting);
     return false;
 }
 

@@ -46,7 +46,27 @@ void Desk::setCapture(Control::Native* window) {
 
 void Desk::leave(const Control::Native& window) {
     if (window.holds(capture_)) setCapture(nullptr);
-    if (window.holds(focus_)) setFocus(nullptr);
+    if (!window.holds(focus_)) return;
+    const bool goesBack = lastFrame_ == &window && focusBefore_ && focusBefore_->usable();
+    setFocus(goesBack ? focusBefore_ : nullptr);
+}
+
+void Desk::wait(Control::Native& only, std::int64_t until) {
+    if (focus_ && !only.holds(focus_)) {
+        lastFrame_ = &only;
+        focusBefore_ = focus_;
+    }
+    Control::Native* former = std::exchange(waitFrame_, &only);
+    if (only.seen() && !only.holds(capture_)) setCapture(nullptr);
+    runPending();
+    while (tickNext(until)) runPending();
+    setNow(until);
+    waitFrame_ = former;
+}
+
+bool Desk::takesInput(const Control::Native& window) const {
+    if (!waitFrame_ || waitFrame_->holds(&window)) return true;
+    return &window == waitFrame_->form() || !waitFrame_->form()->holds(&window);
 }
 
 void Desk::post(FormWindow& form, std::function<void()> action) {
@@ -114,6 +134,8 @@ void Desk::forget(Control::Native& window) {
     if (FormWindow* form = window.form(); form && form->lastFocus == &window) form->lastFocus = nullptr;
     if (focus_ == &window) focus_ = nullptr;
     if (capture_ == &window) capture_ = nullptr;
+    if (waitFrame_ == &window) waitFrame_ = nullptr;
+    if (focusBefore_ == &window) focusBefore_ = nullptr;
     if (active_ == &window) active_ = nullptr;
     if (window.queued) std::erase(dirty_, &window);
 }

@@ -42,6 +42,10 @@ class Desk {
     /// Takes focus and mouse from a window that can no longer be used, and from all that stand in it.
     void leave(const Control::Native& window);
 
+    /// Lets pending things happen until then, while nothing of the form takes input but `only`.
+    void wait(Control::Native& only, std::int64_t until);
+    bool takesInput(const Control::Native& window) const;
+
     void post(FormWindow& form, std::function<void()> action);
     void queuePaint(Control::Native& window) { dirty_.push_back(&window); }
     /// What is pending now, once: posted actions, then repaints. False when there was nothing.
@@ -77,6 +81,9 @@ class Desk {
     FormWindow* active_ = nullptr;
     Control::Native* focus_ = nullptr;
     Control::Native* capture_ = nullptr;
+    Control::Native* waitFrame_ = nullptr;        // what takes input now, when not all does
+    const Control::Native* lastFrame_ = nullptr;  // to be compared only
+    Control::Native* focusBefore_ = nullptr;      // before that took it
     std::deque<Post> posts_;
     std::deque<Control::Native*> dirty_;
     std::vector<Timer::Native*> timers_;

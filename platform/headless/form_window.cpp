@@ -129,7 +129,7 @@ std::string Form::placement() const {
 void Form::setPlacement(const std::string& placement) {
     const auto stored = WindowPlacement::parse(placement);
     const auto [right, bottom] = headless::monitor;
-    if (!stored || intersect(stored->restored, {0, 0, right, bottom}).empty()) return;
+    if (!stored) return;
     const Rect& at = stored->restored;
     const int resolution = stored->resolution > 0 ? stored->resolution : 96;
     const int width = std::min(at.width() * 96 / resolution, right);

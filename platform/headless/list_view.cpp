@@ -78,7 +78,10 @@ void ListView::unselectAll() {
 
 void ListView::selectOnly(int row) {
     ListWindow& self = withRow(*this, row);
+    const int page = self.rowsInView();
+    const int beyond = row < self.top ? -page / 2 : row >= self.top + page ? page / 2 : 0;
     self.selectOnly(row);
+    self.scrollTo(std::clamp(row + beyond, 1, self.rows));
     self.scrollTo(row);
 }
 
@@ -105,6 +108,11 @@ void ListView::editLabel(int row) {
     self.selectOnly(row);
     self.scrollTo(row);
     self.editing = row;
+}
+
+bool ListView::endEdit() {
+    window(*this).editing = 0;  // what is typed is there only when the user ends it
+    return true;
 }
 
 int ListView::hitTest(Point point) const {

@@ -63,7 +63,7 @@ void doEvents() {
 }
 
 bool doEventsFor(Container& only) {
-    return win32::handlePendingFor(only.native().window);
+    return win32::handlePendingFor(only.native());
 }
 
 void guard(const std::function<void()>& handler) {

@@ -98,7 +98,7 @@ class ButtonWindow : public Control::Native {
     /// What the hint takes away from the caption, with the gap between them.
     int hintWidth() const {
         if (!control || keyHint_.empty()) return 0;
-        return hintLeft() + textWidth(*control, keyHint_) + MulDiv(2, dpi(), 96);
+        return hintLeft() + textWidth(*control, keyHint_) + MulDiv(5, dpi(), 96);
     }
     int hintLeft() const { return MulDiv(5, dpi(), 96); }
 

@@ -41,6 +41,13 @@ wheel::Use ComboBoxWindow::wheelUse() const {
     return send(CB_GETDROPPEDSTATE) ? wheel::Use::keeps : wheel::Use::ignores;
 }
 
+void ComboBoxWindow::closePopup() {
+    if (!send(CB_GETDROPPEDSTATE)) return;
+    const Quiet quiet(*this);
+    send(CB_SHOWDROPDOWN, FALSE);
+    if (chosen_ >= 0) showChosen();  // some systems go back to the entry before
+}
+
 // The system takes the height of a combo box for that of its list; the closed box follows from the height of
 // its field.
 void ComboBoxWindow::move(Rect wanted) {

@@ -18,6 +18,7 @@ class ComboBoxWindow : public Control::Native {
     long accessibleRole() const override { return win32::role::comboBox; }
     KeyUse keyUse() const override;
     win32::wheel::Use wheelUse() const override;
+    void closePopup() override;
     void move(Rect wanted) override;
     void fontChanged() override;
     void command(int id, int code) override;

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/win32/loop.h"
+
 namespace platform::win32 {
 
 Handled ContainerWindow::handle(const Message& m) {
@@ -23,6 +25,7 @@ HBRUSH ContainerWindow::background() {
 Handled ContainerWindow::reflectCommand(const Message& m) {
     Native* child = of(reinterpret_cast<HWND>(m.lParam));
     if (!child) return std::nullopt;
+    if (HIWORD(m.wParam) == BN_CLICKED && !takesInput(*child)) return done;
     child->command(LOWORD(m.wParam), HIWORD(m.wParam));
     return done;
 }

@@ -141,8 +141,7 @@ void FormWindow::setPlacement(const std::string& text) {
     place.length = sizeof place;
     place.showCmd = visible ? SW_SHOWNORMAL : SW_HIDE;
     place.rcNormalPosition = {r.left, r.top, r.right, r.bottom};
-    placed_ = MonitorFromRect(&place.rcNormalPosition, MONITOR_DEFAULTTONULL) != nullptr &&
-              SetWindowPlacement(window, &place) != 0;
+    placed_ = SetWindowPlacement(window, &place) != 0;
     maximise_ = placed_ && arriving_->maximised && !options_.dialog;
     if (placed_) takeStoredSize();
     if (visible || !placed_) arriving_.reset();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "platform/win32/loop.h"
 #include "platform/win32/wide.h"
 
 namespace platform::win32::keyboard {
@@ -14,7 +15,7 @@ using Native = Control::Native;
 void collect(Native& native, std::vector<Native*>& all) {
     for (Native* child : native.children) {
         if (!child->visible || !child->enabled) continue;
-        all.push_back(child);
+        if (takesInput(*child)) all.push_back(child);
         collect(*child, all);
     }
 }
@@ -182,6 +183,10 @@ void leave(Native& native) {
     const HWND mouse = GetCapture();
     if (mouse && (mouse == native.window || IsChild(native.window, mouse))) ReleaseCapture();
     if (!native.hasFocus()) return;
+    if (const HWND before = focusBefore(native)) {
+        SetFocus(before);
+        return;
+    }
     Native* target = next(usableControls(native.form()), &native, false, [&](const Native& other) {
         return isStop(other) && &other != &native && !IsChild(native.window, other.window);
     });

@@ -123,8 +123,12 @@ bool ListWindow::deselectFew(int but) {
 }
 
 void ListWindow::selectOnly(int wanted) {
-    const Quiet quiet(*this);
     bringIntoView(wanted);
+    markOnly(wanted);
+}
+
+void ListWindow::markOnly(int wanted) {
+    const Quiet quiet(*this);
     if (!deselectFew(wanted)) {
         const NoRedraw noRedraw(*this);
         setState(-1, 0, LVIS_SELECTED);

@@ -90,6 +90,10 @@ void ListView::editLabel(int row) {
     withRow(*this, row).editLabel(row);
 }
 
+bool ListView::endEdit() {
+    return window(*this).endEdit();
+}
+
 int ListView::hitTest(Point point) const {
     return window(*this).hitTest(point);
 }

@@ -42,6 +42,7 @@ class ListWindow : public Control::Native {
     void bringIntoView(int row);
     void redraw(int row);
     void editLabel(int row);
+    bool endEdit();
     int hitTest(Point point) const;
 
     int columnCount() const { return columnCount_; }
@@ -63,12 +64,17 @@ class ListWindow : public Control::Native {
     Handled released(const Message& m);
     Handled keyPressed(const Message& m);
     Handled typed(const Message& m);
+    Handled resized(const Message& m);
     void keyReleased(int key, int shift);
     Handled editPosted(const Message& m);
+    Handled stateSet(const Message& m);
     Handled wheelTurned(int distance, int shift, Point onScreen);
     LRESULT follow(const Message& m);
     void raiseMouseUp(MouseButton button, int shift, Point point);
     bool selectsAll(int key, int shift) const;
+    int stepTarget(int key, int shift) const;
+    void step(int target);
+    bool choosesFirst(MouseButton button, int shift, int target);
 
     // Notifications.
     void supplyCell(NMLVDISPINFOW& info);
@@ -84,6 +90,7 @@ class ListWindow : public Control::Native {
     void selectionChanged(int row);
     void setState(int index, UINT state, UINT mask);
     bool deselectFew(int but);
+    void markOnly(int row);
 
     ListView::Options options_;
     UniqueImageList icons_;
@@ -93,6 +100,7 @@ class ListWindow : public Control::Native {
     int userAction_ = 0;    // brackets around what the user does
     bool changed_ = false;  // the selection, since the outermost bracket began
     bool endingEdit_ = false;
+    bool editPosted_ = false;             // as the text was refused
     int wheelRest_ = 0;                   // of the way sideways, that was less than a pixel
     std::optional<MouseButton> pressed_;  // whose release was not told yet
     std::optional<Point> swallowedRelease_;

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "platform/control.h"
 #include "platform/win32/windows.h"
 
 /// The message loop.
@@ -13,9 +14,15 @@ void runWhile(const std::function<bool()>& condition);
 void dispatch(const MSG& message);
 /// Handles what is in the queue; false when there was nothing.
 bool handlePending();
-/// The same without the mouse and key messages that are not for `only` or a window in it; true when one of
-/// these was the Escape key.
-bool handlePendingFor(HWND only);
+/// The same while the program waits, see application::doEventsFor.
+bool handlePendingFor(Control::Native& only);
+
+/// Whether the control may be used now: not while the program waits and it stands outside of what can be used
+/// meanwhile.
+bool takesInput(const Control::Native& native);
+/// What had the focus before the program began to wait with this one; null when nothing had that still has a
+/// use for it.
+HWND focusBefore(const Control::Native& waitedWith);
 
 /// Whether the wait pointer is to be shown.
 bool waiting();

@@ -12,6 +12,7 @@
 #include "platform/win32/fonts.h"
 #include "platform/win32/form_window.h"
 #include "platform/win32/keyboard.h"
+#include "platform/win32/loop.h"
 #include "platform/win32/report.h"
 #include "platform/win32/wide.h"
 #include "res/resource.h"
@@ -139,6 +140,7 @@ LRESULT Control::Native::receive(const Message& m) noexcept {
         if (m.id == WM_GETOBJECT) {
             if (const Handled object = win32::accessibleObject(*this, m)) return *object;
         }
+        if (m.id == BM_CLICK && !win32::takesInput(*this)) return 0;  // from a screen reader
         if (const Handled result = handle(m)) return *result;
     } catch (...) {
         win32::reportError();

@@ -55,6 +55,8 @@ struct Control::Native {
     /// Whether panels that lie on it are its pages.
     virtual bool hasPages() const { return false; }
     virtual win32::wheel::Use wheelUse() const { return win32::wheel::Use::turns; }
+    /// What it has dropped down disappears, and nothing is chosen.
+    virtual void closePopup() {}
 
     // Keyboard.
     virtual bool tabStop() const;

@@ -29,12 +29,12 @@ std::optional<Press> pressOf(const MSG& message) {
         case WM_LBUTTONDOWN:
         case WM_MBUTTONDOWN:
         case WM_RBUTTONDOWN:
-            return mouseDown[message.message] = Press{message.time, Press::Kind::single};
+            return mouseDown[message.message] = Press{message.time, Press::Kind::single, true};
         case WM_LBUTTONDBLCLK:
         case WM_MBUTTONDBLCLK:
         case WM_RBUTTONDBLCLK:
             // Two more than the message of a single press.
-            return mouseDown[message.message - 2] = Press{message.time, Press::Kind::second};
+            return mouseDown[message.message - 2] = Press{message.time, Press::Kind::second, true};
         case WM_LBUTTONUP:
         case WM_MBUTTONUP:
         case WM_RBUTTONUP:

@@ -51,7 +51,7 @@ void Toolbar::setTag(int index, const std::string& tag) {
 
 void Toolbar::setImage(int index, const std::string& imageKey) {
     window(*this).at(index).image = imageKey;
-    window(*this).refresh(index);
+    window(*this).showImage(index);
 }
 
 const std::string& Toolbar::image(int index) const {
@@ -60,12 +60,12 @@ const std::string& Toolbar::image(int index) const {
 
 void Toolbar::setToolTip(int index, const std::string& text) {
     window(*this).at(index).button.toolTip = text;
-    window(*this).refresh(index);
+    window(*this).showText(index);
 }
 
 void Toolbar::setEnabled(int index, bool enabled) {
     window(*this).at(index).enabled = enabled;
-    window(*this).refresh(index);
+    window(*this).showState(index);
 }
 
 bool Toolbar::enabled(int index) const {

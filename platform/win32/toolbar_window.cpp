@@ -10,6 +10,20 @@
 
 namespace platform::win32 {
 
+namespace {
+
+/// The icon as of a button that cannot be pressed. Not every system makes it pale enough by itself.
+IconImage faded(IconImage icon) {
+    for (std::uint32_t& pixel : icon.pixels) {
+        const std::uint32_t red = pixel >> 16 & 0xFF, green = pixel >> 8 & 0xFF, blue = pixel & 0xFF;
+        const std::uint32_t grey = (3 * red + 6 * green + blue) / 10;
+        pixel = (pixel >> 24) * 2 / 5 << 24 | grey * 0x10101;
+    }
+    return icon;
+}
+
+}  // namespace
+
 ToolbarWindow::ToolbarWindow(Native* parentWindow, const std::string& controlName)
     : Native(parentWindow, controlName) {
     createControl(TOOLBARCLASSNAMEW, TBSTYLE_FLAT | TBSTYLE_LIST | TBSTYLE_TOOLTIPS | TBSTYLE_TRANSPARENT |
@@ -25,6 +39,7 @@ Handled ToolbarWindow::handle(const Message& m) {
         on<WM_KEYDOWN, &ToolbarWindow::keyDown>(),
         on<WM_GETDLGCODE, &ToolbarWindow::wantedKeys>(),
         on<WM_SETFOCUS, &ToolbarWindow::focused>(),
+        on<WM_KILLFOCUS, &ToolbarWindow::unfocused>(),
     };
     return dispatch(*this, routes, m);
 }
@@ -55,15 +70,20 @@ int ToolbarWindow::imageIndex(const std::string& key) const {
 
 void ToolbarWindow::setImages(const std::vector<Toolbar::Image>& images) {
     imageKeys_.clear();
-    std::vector<const IconImage*> pictures;
-    for (const Toolbar::Image& image : images) {
-        imageKeys_.push_back(image.key);
-        pictures.push_back(&image.icon);
+    std::vector<IconImage> pale;
+    for (const Toolbar::Image& image : images) pale.push_back(faded(image.icon));
+    std::vector<const IconImage*> usual, disabled;
+    for (std::size_t i = 0; i < images.size(); ++i) {
+        imageKeys_.push_back(images[i].key);
+        usual.push_back(&images[i].icon);
+        disabled.push_back(&pale[i]);
     }
-    UniqueImageList made = makeImageList(pictures);
+    UniqueImageList made = makeImageList(usual), madeDisabled = makeImageList(disabled);
     send(TB_SETIMAGELIST, 0, made.get());
+    send(TB_SETDISABLEDIMAGELIST, 0, madeDisabled.get());
     images_ = std::move(made);
-    for (int i = 1; i <= count(); ++i) refresh(i);
+    disabledImages_ = std::move(madeDisabled);
+    for (int i = 1; i <= count(); ++i) showImage(i);
 }
 
 void ToolbarWindow::clear() {
@@ -87,17 +107,31 @@ void ToolbarWindow::add(const Toolbar::Button& button) {
     items_.push_back({button, button.key, true});
 }
 
-void ToolbarWindow::refresh(int index) const {
+void ToolbarWindow::showImage(int index) const {
+    const Item& item = items_[static_cast<std::size_t>(index - 1)];
+    if (item.button.key.empty()) return;
+    TBBUTTONINFOW info{};
+    info.cbSize = sizeof info;
+    info.dwMask = TBIF_IMAGE;
+    info.iImage = imageIndex(item.image);
+    require(send(TB_SETBUTTONINFOW, static_cast<WPARAM>(index), &info), "Schaltfläche ändern");
+}
+
+void ToolbarWindow::showText(int index) const {
     const Item& item = items_[static_cast<std::size_t>(index - 1)];
     if (item.button.key.empty()) return;
     std::wstring text = wide(item.button.toolTip);
     TBBUTTONINFOW info{};
     info.cbSize = sizeof info;
-    info.dwMask = TBIF_IMAGE | TBIF_TEXT | TBIF_STATE;
-    info.iImage = imageIndex(item.image);
+    info.dwMask = TBIF_TEXT;
     info.pszText = text.data();
-    info.fsState = item.enabled ? TBSTATE_ENABLED : 0;
     require(send(TB_SETBUTTONINFOW, static_cast<WPARAM>(index), &info), "Schaltfläche ändern");
+}
+
+void ToolbarWindow::showState(int index) const {
+    const Item& item = items_[static_cast<std::size_t>(index - 1)];
+    if (!item.button.key.empty())
+        send(TB_ENABLEBUTTON, static_cast<WPARAM>(index), MAKELPARAM(item.enabled, 0));
 }
 
 RECT ToolbarWindow::buttonArea(int index) const {
@@ -138,6 +172,11 @@ void ToolbarWindow::showMenu(int index) {
 
 void ToolbarWindow::focused() {
     if (send(TB_GETHOTITEM) < 0) moveHot(1);
+}
+
+// The mark goes with the focus.
+void ToolbarWindow::unfocused() {
+    send(TB_SETHOTITEM, static_cast<WPARAM>(-1));
 }
 
 /// To the next button that can be pressed.

@@ -31,8 +31,10 @@ class ToolbarWindow : public Control::Native {
     void add(const Toolbar::Button& button);
     int count() const { return static_cast<int>(items_.size()); }
     Item& at(int index);
-    /// Shows what `at` was changed to.
-    void refresh(int index) const;
+    // Show what `at` was changed to, each alone: what may change a width has the whole bar measured anew.
+    void showImage(int index) const;
+    void showText(int index) const;
+    void showState(int index) const;
     Size preferredSize() const;
     RECT buttonArea(int index) const;
 
@@ -44,11 +46,12 @@ class ToolbarWindow : public Control::Native {
     Handled keyDown(int key, int shift);
     Handled wantedKeys() { return DLGC_WANTARROWS; }
     void focused();
+    void unfocused();
     bool moveHot(int by);
 
     std::vector<Item> items_;
     std::vector<std::string> imageKeys_;
-    UniqueImageList images_;
+    UniqueImageList images_, disabledImages_;
 };
 
 }  // namespace platform::win32

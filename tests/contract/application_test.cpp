@@ -59,6 +59,28 @@ TEST(Guard, ShowsWhatLeavesAHandlerAndTheWindowLivesOn) {
     EXPECT_TRUE(window.form.visible());
 }
 
+TEST(DoEventsFor, LeavesTheRestOfTheWindowAloneAndGivesTheFocusBack) {
+    TestWindow window;
+    Button btnFirst(window.form, "btn"), btnOwner(window.form, "btnOwner");
+    Panel fraPage(window.form, "fraPage");
+    Button btnIn(fraPage, "btnIn");
+    int y = 0;
+    for (Control* control : std::initializer_list<Control*>{&btnFirst, &btnOwner, &fraPage})
+        control->move(Rect::at(0, y += 30, 80, 25));
+    btnIn.move(Rect::at(0, 0, 80, 25));
+    btnIn.onClick = window.log("stop");
+    btnOwner.focus();
+    application::post(window.form, [&] {
+        EXPECT_FALSE(user::reachable(btnOwner));
+        user::press(btnIn);
+    });
+    while (window.events.empty()) application::doEventsFor(fraPage);
+    EXPECT_TRUE(btnIn.focused());
+    fraPage.setVisible(false);
+    EXPECT_TRUE(btnOwner.focused());
+    EXPECT_TRUE(user::reachable(btnOwner));
+}
+
 struct Ticking : TestWindow {
     Timer timer{form};
     int ticks = 0;

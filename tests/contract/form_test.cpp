@@ -167,11 +167,8 @@ TEST(Form, KeepsItsPlacementAsText) {
     Form second("frmContract", "Zweites", {});
     second.setPlacement(first.form.placement());
     EXPECT_EQ(second.bounds(), Rect::at(40, 60, 500, 333));
-    first.form.move(Rect::at(30000, 30000, 500, 333));
-    for (const std::string& unusable :
-         {first.form.placement(), std::string(), std::string("1 2 drei"), std::string("10 20 300 200 x"),
-          std::string("10 20 0 200"), std::string("10 20 300 200 96"), std::string("10 20 300 200 -1 0"),
-          std::string("-2147483648 0 2147483647 9 96 0")}) {
+    for (const char* unusable :
+         {"", "1 2 drei", "10 20 300 200 x", "10 20 0 200", "10 20 300 200 96", "10 20 300 200 -1 0"}) {
         second.setPlacement(unusable);
         EXPECT_EQ(second.bounds(), Rect::at(40, 60, 500, 333)) << unusable;
     }
@@ -186,6 +183,12 @@ TEST(Form, ComesBackAsLargeAsItWasToTheEyeAndWhollyOnItsMonitor) {
     EXPECT_EQ(form.bounds(), Rect::at(10, 20, 300, 200)) << "the monitor had twice the resolution";
     form.setPlacement("-100 -50 300 200 " + std::to_string(dpi) + " 0");
     EXPECT_EQ(form.bounds(), Rect::at(0, 0, 300, 200));
+    form.setPlacement("30000 -30000 400 250 " + std::to_string(dpi) + " 0");
+    const Rect nearest = form.bounds();
+    EXPECT_EQ(nearest, Rect::at(nearest.left, 0, 400, 250)) << "its monitor is gone";
+    EXPECT_LT(nearest.left, 30000);
+    form.setPlacement("-2147483648 0 2147483647 250 96 0");
+    EXPECT_EQ(form.bounds().left, 0);
 }
 
 TEST(Form, TellsFilesThatAreDroppedUnlessADialogBlocksIt) {

@@ -119,6 +119,26 @@ TEST(ListView, ScrollsTheOnlySelectedRowIntoView) {
     EXPECT_EQ(window.list.hitTest({5, -40}), 0);
 }
 
+TEST(ListView, ShowsWhatComesNextWhenItScrollsToASelectedRow) {
+    ListWindow window;
+    ListView& list = window.list;
+    list.setCount(200);
+    const auto seen = [&](int row) {
+        try {
+            return list.hitTest(user::pointOf(list, row)) == row;
+        } catch (const std::logic_error&) {
+            return false;
+        }
+    };
+    int edge = 1;
+    while (seen(edge)) ++edge;
+    list.selectOnly(edge);
+    EXPECT_TRUE(seen(edge) && seen(edge + 1));
+    while (seen(edge)) --edge;
+    list.selectOnly(edge);
+    EXPECT_TRUE(seen(edge) && seen(edge - 1));
+}
+
 TEST(ListView, KeepsItsLayoutAsALineOfTextThatFitsNoOtherList) {
     ListWindow window;
     const std::string layout = "50 60 70 3 1 2 ";

@@ -85,6 +85,37 @@ TEST(ListView, FollowsTheArrowKeys) {
     EXPECT_FALSE(user::editing(list)) << "the owner decides what F2 does";
 }
 
+TEST(ListView, WithSingleSelectionFollowsClicksAndKeysAsWell) {
+    ListWindow window(ListView::Options{});
+    ListView& list = window.list;
+    list.setCount(1000);
+    const auto told = [](int row) { return Events{"selection", "item " + std::to_string(row)}; };
+    list.onMouseDown = [&](auto&&...) { EXPECT_NE(list.firstSelected(), 4) << "told before it is selected"; };
+    user::clickRow(list, 4);
+    list.onMouseDown = nullptr;
+    EXPECT_EQ(window.raised(), told(4));
+    user::clickRow(list, 4);
+    EXPECT_EQ(window.raised(), Events{"item 4"});
+    user::clickRow(list, 6, 0, MouseButton::right);
+    EXPECT_EQ(window.raised(), told(6));
+    int before = 6;
+    for (const int key : {keyCode::down, keyCode::pageDown, keyCode::pageDown, keyCode::end}) {
+        user::key(list, key);
+        const int row = list.firstSelected();
+        EXPECT_GT(row, before);
+        EXPECT_EQ(list.focusRow(), row);
+        EXPECT_NO_THROW(user::pointOf(list, row)) << "it is in view";
+        EXPECT_EQ(window.raised(), told(row));
+        before = row;
+    }
+    EXPECT_EQ(before, 1000);
+    user::key(list, keyCode::end);
+    EXPECT_EQ(window.raised(), Events{});
+    for (const int key : {keyCode::up, keyCode::pageUp, keyCode::pageUp, keyCode::home}) user::key(list, key);
+    EXPECT_EQ(window.selected(), Rows{1});
+    EXPECT_EQ(window.raised().size(), 8U);
+}
+
 TEST(ListView, TellsDoubleClicksTitlesAndMouseButtonsAtTheirPlace) {
     ListWindow window;
     ListView& list = window.list;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -130,6 +131,22 @@ TEST_F(Labelling, AnotherChoiceMadeMeanwhileCounts) {
     w.GoToItem(1);
     EXPECT_EQ(w.lvCItems.count(), 0);
     EXPECT_EQ(w.ListView2.selectedCount(), 0);
+}
+
+// As a key that is held down while a disk is slow.
+TEST_F(Labelling, StepsThatPileUpAreNotNested) {
+    auto& w = window();
+    int depth = 0, deepest = 0;
+    for (int i = 0; i < 20; ++i)
+        platform::application::post(w.form, [&] {
+            deepest = std::max(deepest, ++depth);
+            user::press(w.Toolbar1, "btnF");
+            --depth;
+        });
+    w.GoToItem(1);
+    EXPECT_EQ(deepest, 1);
+    EXPECT_EQ(current(), 3);
+    EXPECT_EQ(w.kvPictureBox1.FileName(), w.ItemPath(3));
 }
 
 // A press and, before its picture is there, a removal of the row that the press was for.

@@ -231,7 +231,8 @@ void Person::pressAClass() {
     const auto region = static_cast<std::size_t>(w.cboROI.listIndex());
     note("  " + button.caption() + " for " + std::to_string(current()));
     if (current() == 0 || below(4) > 0) {
-        if (current() > 0) expected[static_cast<std::size_t>(current() - 1)].classes[region] = button.caption();
+        if (current() > 0)
+            expected[static_cast<std::size_t>(current() - 1)].classes[region] = button.caption();
         return user::press(button);
     }
     platform::application::post(w.form, [&button] { user::press(button); });

@@ -170,7 +170,7 @@ TEST_F(StartUp, SettingsThatAreNoNumbersAreToldOnceAndTheDefaultsHold) {
         "\"Interval\" ist keine Zahl (\"schnell\"). Es gilt die Vorgabe.\r\nDie Einstellung \"Bar2\"");
     start();
     EXPECT_EQ(window().Slider1.value(), 1000);
-    EXPECT_EQ(window().kvBar2.position(), 430);
+    EXPECT_EQ(window().kvBar2.position(), 475);
     user::resize(window().form, {10, 700});
     EXPECT_EQ(window().form.bounds().width(), 640) << "as much as its contents need";
     EXPECT_EQ(window().form.clientSize().height, 700);

@@ -79,6 +79,21 @@ TEST_F(Waiting, ASetThatIsGivenUpLeavesNoPictureWhereNoneWas) {
     EXPECT_EQ(w.txtInfo.text(), "Bereich: (gesamtes Bild)   Datei: ");
 }
 
+TEST_F(Waiting, LeavingWithoutSavingGivesUpAndForgetsNothing) {
+    auto& w = window();
+    messages.expectPart("Änderungen in", platform::message::no);
+    meanwhile([&] {
+        *slow = false;        // "Probe" is read again
+        w.btnAbbr.onClick();  // as a screen reader presses it
+    });
+    openByChooser("Fern");
+    EXPECT_TRUE(w.form.loaded());
+    w.GoToItem(1);
+    pressClass(2);
+    messages.expectPart("Änderungen speichern?", platform::message::cancel);
+    EXPECT_FALSE(w.form.unload()) << "there is something to lose";
+}
+
 TEST_F(Waiting, ClosingTheWindowWhileTheFirstPictureComesGivesUpAsWell) {
     auto& w = window();
     messages.expectPart("Änderungen in", platform::message::no);

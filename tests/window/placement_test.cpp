@@ -42,6 +42,15 @@ TEST(Placement, TheWindowComesBackWhereItWasOnAScreenThatIsThere) {
     EXPECT_TRUE(::EqualRect(&again, &wanted));
 
     platform::Registry settings("Software\\Veltor2");
+    settings.write("Stich", "Window", "9000 -9000 800 600 96 1");
+    started(folder, [](HWND window) {
+        EXPECT_TRUE(::IsZoomed(window)) << "its monitor is gone";
+        ::ShowWindow(window, SW_RESTORE);
+        RECT restored{};
+        ::GetWindowRect(window, &restored);
+        EXPECT_TRUE(isOnScreen(restored));
+        EXPECT_EQ(restored.right - restored.left, 800);
+    });
     for (const char* elsewhere : {"9000 -9000 800 600 96 0", "900 700 5000 5000 96 0", "Unfug"}) {
         settings.write("Stich", "Window", elsewhere);
         EXPECT_TRUE(isOnScreen(started(folder))) << elsewhere;

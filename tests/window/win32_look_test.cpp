@@ -7,6 +7,7 @@
 #include "platform/win32/form_window.h"
 #include "platform/win32/surface_bitmap.h"
 #include "tests/support/user.h"
+#include "tests/support/win32/input.h"
 
 namespace {
 
@@ -85,6 +86,33 @@ TEST(Look, ControlsOnATabsPageHaveItsGround) {
     EXPECT_EQ(Shot(tabs).at(150, 195), ground) << "the tab's own page";
     for (const int top : {10, 50, 90}) EXPECT_EQ(shot.at(205, top + 2), ground) << top;
     EXPECT_LT(shot.count(Rect::at(10, 10, 60, 30), ground), 60 * 30) << "the label's text";
+}
+
+TEST(Look, AToolTipAppearsWhileTheMouseRests) {
+    Form form("frmLook", "Hinweis", {});
+    Button btnOne(form, "btnOne", "Los");
+    btnOne.move(Rect::at(20, 20, 100, 30));
+    form.show();
+    btnOne.setToolTip("Was geschieht");
+    RECT area{};
+    GetWindowRect(btnOne.native().window, &area);
+    const Point middle = user::input::centre(area);
+    SetCursorPos(middle.x, middle.y);
+    PostMessageW(btnOne.native().window, WM_MOUSEMOVE, 0, user::input::packed({10, 10}));
+    const auto isShown = [] {
+        bool shown = false;
+        const auto look = [](HWND window, LPARAM found) -> BOOL {
+            wchar_t name[32];
+            GetClassNameW(window, name, 32);
+            if (IsWindowVisible(window) && lstrcmpiW(name, TOOLTIPS_CLASSW) == 0)
+                *reinterpret_cast<bool*>(found) = true;
+            return TRUE;
+        };
+        EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&shown));
+        return shown;
+    };
+    EXPECT_FALSE(isShown());
+    EXPECT_TRUE(user::pumpUntil(isShown, 10000));
 }
 
 TEST(Look, AClosedComboBoxIsAsHighAsItsBounds) {

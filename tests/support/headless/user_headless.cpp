@@ -58,7 +58,7 @@ Picture pictureOf(const Surface& surface) {
 }  // namespace
 
 bool reachable(const Control& control) {
-    return control.native().usable();
+    return control.native().usable() && Desk::instance().takesInput(control.native());
 }
 
 void press(Button& button) {

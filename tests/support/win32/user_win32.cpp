@@ -71,7 +71,8 @@ void sendMouse(const UserControl& control, UINT message, MouseButton held, int s
 
 bool reachable(const Control& control) {
     const HWND top = control.native().form().window;
-    return control.native().usable() && IsWindowEnabled(top) && IsWindowVisible(top);
+    return control.native().usable() && win32::takesInput(control.native()) && IsWindowEnabled(top) &&
+           IsWindowVisible(top);
 }
 
 void press(Button& button) {
