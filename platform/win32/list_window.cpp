@@ -344,10 +344,12 @@ void ListWindow::editLabel(int wanted) {
     }
 }
 
+// The field may have been left open without the focus, so it is not enough to take that away.
 bool ListWindow::endEdit() {
-    const auto isOpen = [this] { return send(LVM_GETEDITCONTROL) != 0; };
-    if (isOpen()) SetFocus(window);  // which the list takes for Enter
-    return !isOpen() && !editPosted_;
+    const auto field = [this] { return reinterpret_cast<HWND>(send(LVM_GETEDITCONTROL)); };
+    if (const HWND open = field()) SendMessageW(open, WM_KEYDOWN, VK_RETURN, 0);
+    if (field()) send(LVM_CANCELEDITLABEL);
+    return !editPosted_;
 }
 
 Handled ListWindow::editPosted(const Message& m) {

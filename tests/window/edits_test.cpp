@@ -43,6 +43,7 @@ TEST_F(Edits, CountBeforeTheSetIsLeft) {
 
 TEST_F(Edits, AreSavedUnlessTheNameIsRefused) {
     typeName(L"XYZ");
+    SetFocus(nullptr);  // as when another program's window is in front
     messages.expectPart("überschreiben?");
     window().form.onKeyDown('S', platform::shiftKey::control, platform::KeyUse::text);
     EXPECT_EQ(stored("A", "Class1", "Name"), "XYZ");
