@@ -34,6 +34,7 @@ TEST_F(Edits, CountBeforeTheSetIsLeft) {
     messages.expectPart("Änderungen in", message::no);
     window().form.onFilesDropped({other});
     EXPECT_EQ(window().cboSets.text(), "B");
+    EXPECT_TRUE(window().lvCItems.focused()) << "digits typed next are no part of the name";
     EXPECT_EQ(nameOfFirst(), "gut") << "the name was meant for a class of the other set";
     typeName(L"XYZ");
     messages.expectPart("Änderungen speichern?", message::cancel);
