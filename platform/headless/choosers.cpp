@@ -3,6 +3,7 @@
 #include "platform/headless/basic_windows.h"
 #include "platform/headless/event.h"
 #include "platform/metrics.h"
+#include "platform/mnemonic.h"
 
 namespace platform {
 
@@ -130,8 +131,7 @@ int ComboBox::dropDownWidth() const {
 
 TabStrip::TabStrip(Container& parent, const std::string& name, const std::vector<std::string>& mnemonics)
     : Control(std::make_unique<TabStripWindow>(&parent.native(), name)) {
-    for (const std::string& mnemonic : mnemonics)
-        window(*this).tabs.push_back(mnemonic);
+    for (const std::string& mnemonic : mnemonics) window(*this).tabs.push_back(mnemonic);
 }
 
 int TabStrip::count() const {
@@ -140,7 +140,7 @@ int TabStrip::count() const {
 
 std::string TabStrip::tab(int index) const {
     checkIndex(index, 1, count());
-    return headless::withoutMnemonic(window(*this).tabs[static_cast<std::size_t>(index - 1)]);
+    return withoutMnemonic(window(*this).tabs[static_cast<std::size_t>(index - 1)]);
 }
 
 int TabStrip::selected() const {

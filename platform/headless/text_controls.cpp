@@ -3,6 +3,7 @@
 #include "platform/headless/basic_windows.h"
 #include "platform/headless/event.h"
 #include "platform/list_view.h"
+#include "platform/mnemonic.h"
 
 namespace platform {
 
@@ -80,7 +81,7 @@ Button::Button(Container& parent, const std::string& name, const std::string& mn
 }
 
 std::string Button::caption() const {
-    return headless::withoutMnemonic(window<ButtonWindow>(*this).mnemonic);
+    return withoutMnemonic(window<ButtonWindow>(*this).mnemonic);
 }
 
 void Button::setCaption(const std::string& mnemonic) {
@@ -88,7 +89,7 @@ void Button::setCaption(const std::string& mnemonic) {
 }
 
 void Button::setPlainCaption(const std::string& text) {
-    window<ButtonWindow>(*this).mnemonic = headless::asMnemonic(text);
+    window<ButtonWindow>(*this).mnemonic = asMnemonic(text);
 }
 
 void Button::setKeyHint(const std::string& key) {
@@ -115,7 +116,7 @@ Label::Label(Container& parent, const std::string& name, const std::string& text
 
 std::string Label::caption() const {
     const auto& self = window<LabelWindow>(*this);
-    return self.style == Style::mnemonic ? headless::withoutMnemonic(self.text) : self.text;
+    return self.style == Style::mnemonic ? withoutMnemonic(self.text) : self.text;
 }
 
 void Label::setCaption(const std::string& text) {

@@ -87,21 +87,6 @@ void Control::Native::focus() {
 
 namespace headless {
 
-std::string withoutMnemonic(const std::string& text) {
-    std::string result;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '&' && ++i == text.size()) break;
-        result += text[i];
-    }
-    return result;
-}
-
-std::string asMnemonic(const std::string& text) {
-    std::string result;
-    for (const char c : text) result.append(c == '&' ? 2 : 1, c);
-    return result;
-}
-
 std::string characterOf(int key, int shift) {
     if (shift != 0) return {};
     if (key >= keyCode::numpad0 && key <= keyCode::numpad0 + 9) key += '0' - keyCode::numpad0;

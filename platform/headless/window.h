@@ -60,11 +60,7 @@ struct Control::Native {
 
 namespace headless {
 
-/// The caption as the user reads it: without the "&" of the access key, "&&" as "&".
-std::string withoutMnemonic(const std::string& text);
 
-/// The other way round: a text that is shown as it is.
-std::string asMnemonic(const std::string& text);
 
 /// What the key types: digits, capitals and blanks are all that is needed here.
 std::string characterOf(int key, int shift);

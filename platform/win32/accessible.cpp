@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/win32/handle.h"
-#include "platform/win32/mnemonic.h"
+#include "platform/mnemonic.h"
 #include "platform/win32/wide.h"
 
 // They want <windows.h> and COM before them, and the identifiers made in this file.

@@ -4,7 +4,7 @@
 #include "platform/win32/event.h"
 #include "platform/win32/failure.h"
 #include "platform/win32/handle.h"
-#include "platform/win32/mnemonic.h"
+#include "platform/mnemonic.h"
 #include "platform/win32/native.h"
 #include "platform/win32/wide.h"
 
@@ -155,7 +155,7 @@ Button::Button(Container& parent, const std::string& name, const std::string& mn
 }
 
 std::string Button::caption() const {
-    return win32::withoutMnemonic(window(*this).mnemonic());
+    return withoutMnemonic(window(*this).mnemonic());
 }
 
 void Button::setCaption(const std::string& mnemonic) {
@@ -163,7 +163,7 @@ void Button::setCaption(const std::string& mnemonic) {
 }
 
 void Button::setPlainCaption(const std::string& text) {
-    window(*this).setMnemonic(win32::asMnemonic(text));
+    window(*this).setMnemonic(asMnemonic(text));
 }
 
 void Button::setKeyHint(const std::string& key) {

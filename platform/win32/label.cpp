@@ -1,5 +1,5 @@
 #include "platform/basic_controls.h"
-#include "platform/win32/mnemonic.h"
+#include "platform/mnemonic.h"
 #include "platform/win32/native.h"
 
 namespace platform {

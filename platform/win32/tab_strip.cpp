@@ -1,7 +1,7 @@
 #include "platform/basic_controls.h"
 #include "platform/win32/event.h"
 #include "platform/win32/failure.h"
-#include "platform/win32/mnemonic.h"
+#include "platform/mnemonic.h"
 #include "platform/win32/native.h"
 #include "platform/win32/wide.h"
 
@@ -60,7 +60,7 @@ int TabStrip::count() const {
 
 std::string TabStrip::tab(int index) const {
     win32::checkIndex(index, 1, count());
-    return win32::withoutMnemonic(native_->mnemonics()[static_cast<std::size_t>(index - 1)]);
+    return withoutMnemonic(native_->mnemonics()[static_cast<std::size_t>(index - 1)]);
 }
 
 int TabStrip::selected() const {

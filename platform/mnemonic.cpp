@@ -1,6 +1,6 @@
-#include "platform/win32/mnemonic.h"
+#include "platform/mnemonic.h"
 
-namespace platform::win32 {
+namespace platform {
 
 std::string withoutMnemonic(const std::string& text) {
     std::string result;
@@ -17,4 +17,4 @@ std::string asMnemonic(const std::string& text) {
     return result;
 }
 
-}  // namespace platform::win32
+}  // namespace platform
