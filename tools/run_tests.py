@@ -74,7 +74,9 @@ def run_programs(tally, preset, pattern):
     shutil.rmtree(reports, ignore_errors=True)
     junit.unlink(missing_ok=True)
     # A relative folder is one for Windows programs as well; each report is named after its program.
-    environment = {"WINE_TIMEOUT": WINE_SECONDS, **os.environ, "GTEST_OUTPUT": "xml:reports/"}
+    # Wine's own errors are wanted in the log: a program that did not even start has nothing else to tell.
+    environment = {"WINE_TIMEOUT": WINE_SECONDS, "WINEDEBUG": "fixme-all", **os.environ,
+                   "GTEST_OUTPUT": "xml:reports/"}
     if pattern:
         environment["GTEST_FILTER"] = pattern
     logged(LOGS / f"{preset}-ctest.log", "ctest", "--preset", preset, f"-j{os.cpu_count()}", "--output-junit", junit,

@@ -1,6 +1,6 @@
 #!/bin/bash
 # wine-run.sh PROGRAM.exe ARGUMENTS... - runs a Windows program in a Wine prefix and on a screen of its own.
-# Its output and exit code pass through; an unhandled exception gives 5.
+# Its output and exit code pass through (one that is not 0 is told on stderr); an unhandled exception gives 5.
 #
 #   WINE_TEMPLATE=folder  prefix to copy (default build/wine-template; made when missing)
 #   WINE_KEEP=folder      use this prefix and keep it, instead of a fresh one
@@ -56,4 +56,5 @@ timeout -k 5 "${WINE_TIMEOUT:-120}" "$wine64" "$@" 2> >(exec tee "$work/errors" 
 result=$?
 # After a crash the exit code is 0 in half of the runs; the trace on stderr is always there.
 if [ "$result" = 0 ] && grep -q '^wine: Unhandled ' "$work/errors"; then result=5; fi
+[ "$result" = 0 ] || echo "wine-run: $1 ended with $result" >&2
 exit "$result"
