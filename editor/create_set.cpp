@@ -64,6 +64,7 @@ void frmStich::showSourceFiles() {
 
 // One direction for all columns, which each click turns round.
 void frmStich::ListView1_ColumnClick(int column) {
+    const platform::application::WaitCursor wait;
     using platform::files::Entry;
     const auto before = [column](const Entry& a, const Entry& b) {
         if (column == sizeColumn && a.size != b.size) return a.size < b.size;

@@ -228,6 +228,7 @@ void frmStich::connectPicture() {
                                      std::int32_t& dY) { kvPictureBox1_ROIselect(index, X, Y, dX, dY); };
     kvPictureBox1.ROImove = [this](std::int32_t&, std::int32_t& X, std::int32_t& Y, std::int32_t& dX,
                                    std::int32_t& dY) { regionChanged(X, Y, dX, dY); };
+    kvPictureBox1.waitFor = [this](platform::BackgroundTask& task) { return waitForPicture(task); };
     kvPictureBox1.onRegionsBroughtIn = [this] { regionsBroughtIn(); };
     kvPictureBox1.onLoadFailed = [this](const std::string& reason) {
         SetPicSize(0, 0, 0, 0);

@@ -218,6 +218,7 @@ class frmStich : public shell::EditorWindow, private shell::RegionSource {
     /// Waits until the task has ended: true; or until the user gives up: false. What the task threw comes
     /// out here. Meanwhile nothing else can be done with the window.
     bool waitFor(const std::string& what, platform::BackgroundTask& task);
+    bool waitForPicture(platform::BackgroundTask& task);
     void showWaiting(bool waiting);
     bool isBusy() const;
     void leaveMissingFiles();

@@ -20,6 +20,14 @@ namespace {
 
 constexpr const char* readingSet = "Die Stichprobe wird gelesen und ihre Bilder gesucht ...";
 
+/// Whether it is known at once that the file is there: a share may not answer.
+bool isThereAtOnce(const std::string& file) {
+    constexpr int patience = 300;  // in milliseconds
+    const auto isThere = std::make_shared<bool>(false);
+    platform::BackgroundTask look([=](auto&) { *isThere = platform::files::fileExists(file); });
+    return look.wait(patience) && *isThere;
+}
+
 }  // namespace
 
 bool frmStich::readBeside(const std::shared_ptr<Reading>& reading,
@@ -106,7 +114,7 @@ bool frmStich::lookForPictures(const PictureFiles& files) {
 
 // The set is not accepted yet: what the user did with the window meanwhile was meant for the one before.
 void frmStich::showFirstMeanwhile() {
-    if (set_.sampleCount() == 0 || !FileExists(ItemPath(1))) return;
+    if (set_.sampleCount() == 0 || !isThereAtOnce(ItemPath(1))) return;
     platform::application::doEventsFor(fraWait);
     GoToItem(1);
     form.update();

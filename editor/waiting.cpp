@@ -12,10 +12,19 @@ bool frmStich::waitFor(const std::string& what, platform::BackgroundTask& task) 
     return shell::waitFor(line, what, task, waitGivenUp_);
 }
 
+// Who gives up one picture does not want the next one to come on its own.
+bool frmStich::waitForPicture(platform::BackgroundTask& task) {
+    if (frmSave_ && frmSave_->form.visible()) return frmSave_->waitFor(task);
+    if (waitFor("Das Bild wird geladen ...", task)) return true;
+    if (showRuns_) runShow(false);
+    return false;
+}
+
 void frmStich::showWaiting(bool waiting) {
     waiting_ = waiting;
     if (waiting && !form.visible()) form.show();
-    Timer2.setEnabled(!waiting && showRuns_);
+    // A picture is waited for in the midst of a search, too, for which the show rests.
+    Timer2.setEnabled(showRuns_ && !waiting && !searching_);
     fraWait.setVisible(waiting);
     layOut();
 }

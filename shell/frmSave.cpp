@@ -25,6 +25,7 @@ constexpr const char* readFile = "Rfile://";
 constexpr const char* writeFile = "Wfile://";
 constexpr const char* section = "Save";
 constexpr const char* windowKey = "Window";
+constexpr int lookEvery = 30;  // milliseconds; whether it was cancelled
 constexpr const char* probeName = "~Ausschnitt.tmp";
 constexpr std::size_t probeSize = 65536;  // an empty file finds a place on a full disk, too
 
@@ -114,6 +115,11 @@ void frmSave::Form_Activate() {
 bool frmSave::Form_QueryUnload() {
     if (busy_) cancelled_ = true;
     return !busy_;
+}
+
+bool frmSave::waitFor(platform::BackgroundTask& task) const {
+    while (!cancelled_ && !task.wait(lookEvery)) platform::application::doEvents();
+    return !cancelled_;
 }
 
 std::string frmSave::scriptPath() const {

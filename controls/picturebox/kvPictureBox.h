@@ -50,6 +50,10 @@ class kvPictureBox : public platform::UserControl {
     /// tells.
     ///
     /// When another picture is asked for while the messages are handled, that one stays.
+    ///
+    /// All that is asked of the disk is asked beside the window, which waits for it by `waitFor`. One that
+    /// was given up leaves the old picture on the screen like one that gives no size, and is loaded when it
+    /// is asked for again. One that is asked for during the wait comes when that has ended.
     void LoadPic(std::string FileName);
     /// The files that LoadPic will probably be asked for next, the likeliest first. They are decoded beside
     /// the window, as far as there is room, and LoadPic then has them at once; a file that has changed since
@@ -139,6 +143,10 @@ class kvPictureBox : public platform::UserControl {
     void WriteProperties(PropertyBag& bag) const;
     PropertyChanged onPropertyChanged;
 
+    /// Waits for a picture: true when the task has ended, false when it was given up. What the task threw
+    /// comes out there. Without it there is a wait until the end, in which nothing else happens.
+    std::function<bool(platform::BackgroundTask& task)> waitFor;
+
     // --- Events. Arguments are the handler's to change; the control does not look at them again.
 
     using RegionEvent = std::function<void(std::int32_t& Index, std::int32_t& X, std::int32_t& Y,
@@ -181,6 +189,8 @@ class kvPictureBox : public platform::UserControl {
         PictureFacts facts;
     };
     void loadFile();
+    std::optional<LoadedPicture> bring();  ///< none when it was given up
+    void put(ReadyPicture& picture);
     void loaded(ShownFile file);
     void failed(const std::string& reason);
 
@@ -223,6 +233,8 @@ class kvPictureBox : public platform::UserControl {
     std::string fileName_;
     std::string failure_;
     std::uint32_t loads_ = 0;
+    bool waiting_ = false;  // for a picture
+    bool givenUp_ = false;  // the one asked for last
     int depth_ = 0;
     std::int32_t OffsetX_ = 0;
     std::int32_t OffsetY_ = 0;

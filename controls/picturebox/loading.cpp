@@ -1,44 +1,49 @@
 // From a file's name to its picture in the buffer.
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 
 #include "controls/picturebox/kvPictureBox.h"
-#include "controls/picturebox/picture_file.h"
 #include "platform/application.h"
+#include "platform/background_task.h"
 #include "platform/errors.h"
-#include "platform/files.h"
 #include "platform/path.h"
 
 namespace controls {
 
-using platform::RuntimeError;
-
 namespace {
 
-[[noreturn]] void refuse(const std::string& fileName) {
-    const bool isThere = platform::files::fileExists(fileName);
-    // One that another program holds has a reason of its own.
-    if (isThere && platform::files::readAt(fileName, 0, 1).empty()) platform::files::read(fileName);
-    throw RuntimeError(platform::error::badPicture,
-                       isThere
-                           ? "Die Datei ist beschädigt oder nicht von der Art, die ihr Name angibt."
-                           : "Die Datei wurde nicht gefunden.");
-}
+constexpr int untilItEnds = 1'000'000'000;  // milliseconds
+
+/// True as long as it lives.
+class Raised {
+  public:
+    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Raised() { flag_ = false; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+
+  private:
+    bool& flag_;
+};
 
 }  // namespace
 
 void kvPictureBox::LoadPic(std::string FileName) {
-    if (FileName == fileName_) {
+    if (FileName == fileName_ && !givenUp_) {
+        if (waiting_) return;
         if (!Failed()) bringRegionsIn();
         layOut();
         if (Failed() && onLoadFailed) onLoadFailed(failure_);
         return;
     }
     fileName_ = std::move(FileName);
+    givenUp_ = false;
     const std::uint32_t load = ++loads_;
     platform::application::doEvents();
-    if (load == loads_) loadFile();
+    // A later wish has been fulfilled by now, or whoever waits for the one before comes to this one.
+    if (load == loads_ && !waiting_) loadFile();
 }
 
 void kvPictureBox::Expect(std::vector<std::string> FileNames) {
@@ -46,31 +51,44 @@ void kvPictureBox::Expect(std::vector<std::string> FileNames) {
 }
 
 void kvPictureBox::loadFile() {
-    if (auto ready = store_.take(fileName_)) {
-        // Going back is as likely as anything. What does not tell its size is shown in another one then.
-        if (shown_ && shown_->facts.tellsSize)
-            store_.keep({shown_->fileName, shown_->version, shown_->facts, std::move(buffer_)});
-        buffer_ = std::move(ready->buffer);
-        return loaded({ready->fileName, ready->version, ready->facts});
-    }
-    const auto version = platform::files::version(fileName_);
-    const PictureFacts facts = PictureFacts::ofFile(fileName_);
+    std::optional<LoadedPicture> came;
     try {
-        if (facts.tellsSize && !facts.header) refuse(fileName_);
-        if (facts.tellsSize) buffer_.resize(facts.header->size);
-    } catch (const RuntimeError& error) {
+        std::uint32_t load = 0;
+        do {
+            load = loads_;
+            came = bring();
+        } while (load != loads_);
+    } catch (const platform::RuntimeError& error) {
         return failed(error.description());
     }
-    try {
-        buffer_.decode(fileName_);
-    } catch (const RuntimeError& error) {
-        shown_.reset();
-        failure_.clear();
-        depth_ = 0;
-        layOut();
-        return failed(error.description());
-    }
-    loaded({fileName_, version.value_or(platform::files::Version{}), facts});
+    givenUp_ = !came;
+    if (!came) return failed("Das Laden wurde abgebrochen.");
+    if (!came->picture) return failed(came->reason);
+    put(*came->picture);
+    if (came->reason.empty())
+        return loaded({came->picture->fileName, came->picture->version, came->picture->facts});
+    shown_.reset();
+    failure_.clear();
+    depth_ = 0;
+    layOut();
+    failed(came->reason);
+}
+
+std::optional<LoadedPicture> kvPictureBox::bring() {
+    const auto load = std::make_shared<PictureLoad>(store_.take(fileName_));
+    load->before = buffer_.picture();
+    platform::BackgroundTask task([load](auto& progress) { load->run(progress.cancelled); });
+    const Raised waiting(waiting_);
+    if (waitFor ? waitFor(task) : task.wait(untilItEnds)) return std::move(load->result);
+    store_.leave(load);
+    return std::nullopt;
+}
+
+// Going back is as likely as anything. What does not tell its size is shown in another one then.
+void kvPictureBox::put(ReadyPicture& picture) {
+    if (shown_ && shown_->facts.tellsSize)
+        store_.keep({shown_->fileName, shown_->version, shown_->facts, std::move(buffer_)});
+    buffer_ = std::move(picture.buffer);
 }
 
 void kvPictureBox::loaded(ShownFile file) {

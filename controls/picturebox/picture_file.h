@@ -29,6 +29,17 @@ struct ReadyPicture {
     std::int64_t bytes() const { return buffer.bytes(); }
 };
 
+/// What came of a file that is to be shown.
+struct LoadedPicture {
+    /// An empty place of its size, where a file tells one but cannot be decoded; none where it does not.
+    std::optional<ReadyPicture> picture;
+    std::string reason;  ///< why it is not to be seen, in German; empty when it is
+};
+
+/// Loads a file as it is now; touches nothing but the file and `spare`, whose memory is used again if it
+/// fits. A file that does not tell its size is given that of the picture `before`.
+LoadedPicture loadPicture(const std::string& fileName, PictureBuffer spare, platform::Size before);
+
 /// Decodes a file that tells its size, for one who will show it later; touches nothing but the file and
 /// `spare`, whose memory is used again if it fits. Empty when there is anything wrong with the file, or its
 /// picture would take more than `mostBytes`. Throws nothing.

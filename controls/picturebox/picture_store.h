@@ -1,14 +1,13 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "controls/picturebox/picture_file.h"
-#include "platform/background_task.h"
+#include "controls/picturebox/picture_load.h"
 
 namespace controls {
 
@@ -18,18 +17,25 @@ namespace controls {
 class PictureStore {
   public:
     /// What is kept and what is being decoded takes no more than `mostBytes`, and neither does one picture.
-    explicit PictureStore(std::int64_t mostBytes = std::int64_t{64} << 20) : mostBytes_(mostBytes) {}
+    /// What is not decoded after `patience` is taken for one that hangs.
+    explicit PictureStore(std::int64_t mostBytes = std::int64_t{64} << 20,
+                          std::chrono::milliseconds patience = std::chrono::seconds(2))
+        : mostBytes_(mostBytes), patience_(patience) {}
 
     /// The files that will be asked for next, the likeliest first; fetchOn() keeps no others. `shownBytes` is
     /// the size of the picture on the screen, by which the room for the next one is guessed.
     void expect(std::vector<std::string> files, std::int64_t shownBytes);
 
-    /// Takes over what has been decoded and begins with the next. True while something is being decoded.
+    /// Takes over what has been decoded and begins with the next, beside what hangs, as long as that is
+    /// little. True while something is being decoded that does not hang.
     bool fetchOn();
 
-    /// The picture, if it is there and its file has not changed since; one that is being decoded is waited
-    /// for. It is then no longer in the store.
-    std::optional<ReadyPicture> take(const std::string& fileName);
+    /// All that there is for that picture: itself, ready or on its way, which the store then no longer has,
+    /// or the memory of the one that is wanted least. Asks the disk for nothing.
+    PictureLoad take(const std::string& fileName);
+
+    /// The loading of that picture was given up, but may go on: until it has ended the file is not fetched.
+    void leave(const std::shared_ptr<PictureLoad>& load);
 
     /// Puts a picture that was on the screen into the store; the next expect() tells whether it stays.
     void keep(ReadyPicture picture);
@@ -39,22 +45,25 @@ class PictureStore {
     std::int64_t bytes() const;
 
   private:
-    struct Fetch {
+    /// What was given up; it has ended when its work is gone.
+    struct Left {
         std::string fileName;
-        std::shared_ptr<std::optional<ReadyPicture>> result;
-        std::unique_ptr<platform::BackgroundTask> task;
+        std::weak_ptr<const void> work;
     };
 
     bool holds(const std::string& fileName) const;
     std::size_t rank(const std::string& fileName) const;
-    void collect(int waitMilliseconds);
-    void fetch(std::size_t place);
+    void collect();
+    bool fetch(std::size_t place);
+    std::vector<ReadyPicture>::iterator leastWanted();
     PictureBuffer makeRoom(std::size_t place);
 
     const std::int64_t mostBytes_;
+    const std::chrono::milliseconds patience_;
     std::vector<std::string> wanted_;
     std::vector<ReadyPicture> ready_;
-    std::optional<Fetch> fetch_;
+    std::vector<PictureFetch> fetches_;
+    std::vector<Left> left_;
     std::int64_t shownBytes_ = 0;
 };
 

@@ -61,9 +61,10 @@ bool decodeByPictureLoader(const std::string& content, Surface& target, Rect are
     const UniqueDc source(CreateCompatibleDC(nullptr));
     const Selected selected(source.get(), bitmap);
     const BitmapDc& pixels = target.native().bitmap;
-    if (!BitBlt(pixels.dc(), covered.left, covered.top, covered.width(), covered.height(), source.get(),
-                covered.left - area.left, covered.top - area.top, SRCCOPY))
-        return false;
+    const bool drawn = BitBlt(pixels.dc(), covered.left, covered.top, covered.width(), covered.height(),
+                              source.get(), covered.left - area.left, covered.top - area.top, SRCCOPY) != 0;
+    pixels.giveDcBack();
+    if (!drawn) return false;
     clearFourthByte(pixels, covered);
     return true;
 }

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <optional>
 #include <vector>
 
 #include "platform/win32/failure.h"
@@ -36,40 +35,41 @@ std::string reasonOf(HRESULT result) {
     }
 }
 
+IWICImagingFactory* makeFactory() {
+    IWICImagingFactory* made = nullptr;
+    requireOk(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
+                               reinterpret_cast<void**>(&made)),
+              "Bilddecoder laden");
+    return made;
+}
+
 /// What makes decoders, and the apartment that it lives in.
 struct Workshop {
-    Workshop() {
-        IWICImagingFactory* made = nullptr;
-        requireOk(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
-                                   IID_IWICImagingFactory, reinterpret_cast<void**>(&made)),
-                  "Bilddecoder laden");
-        factory = UniqueCom<IWICImagingFactory>(made);
-    }
     ComApartment apartment;  // gone after the factory
-    UniqueCom<IWICImagingFactory> factory;
+    UniqueCom<IWICImagingFactory> factory{makeFactory()};
 };
+
+/// Of all threads that enter no apartment, together; never given back.
+IWICImagingFactory* makeForWorkers() {
+    CO_MTA_USAGE_COOKIE apartment{};
+    requireOk(CoIncrementMTAUsage(&apartment), "Bilddecoder laden");
+    return makeFactory();
+}
 
 const DWORD mainThread = GetCurrentThreadId();
 
-/// Making the factory costs more than decoding a small picture, so the main thread keeps one. Other threads
-/// make theirs for each picture: what is given back only when a thread ends takes a lock of the compiler's
-/// thread library along, and the program then hangs at its own end.
-class Factory {
-  public:
-    Factory() {
-        if (GetCurrentThreadId() == mainThread) {
-            static const Workshop kept;
-            factory_ = kept.factory.get();
-        } else {
-            factory_ = own_.emplace().factory.get();
-        }
+/// Making the factory costs more than decoding a small picture, so one is kept for the main thread, with its
+/// single-threaded apartment, and one for the others. Not one for each of these: what is given back only when
+/// a thread ends takes a lock of the compiler's thread library along, and the program then hangs at its own
+/// end.
+IWICImagingFactory* factoryHere() {
+    if (GetCurrentThreadId() == mainThread) {
+        static const Workshop own;
+        return own.factory.get();
     }
-    IWICImagingFactory* operator->() const { return factory_; }
-
-  private:
-    std::optional<Workshop> own_;
-    IWICImagingFactory* factory_ = nullptr;
-};
+    static IWICImagingFactory* const shared = makeForWorkers();
+    return shared;
+}
 
 /// A failed call on the way to the pixels; goes no further than this file.
 struct Refused {
@@ -90,7 +90,7 @@ void check(HRESULT result) {
 }
 
 /// The first frame of a file, whose content must outlive it.
-UniqueCom<IWICBitmapFrameDecode> firstFrame(const Factory& factory, const std::string& content) {
+UniqueCom<IWICBitmapFrameDecode> firstFrame(IWICImagingFactory* factory, const std::string& content) {
     const auto stream = made<IWICStream>([&](auto out) { return factory->CreateStream(out); });
     auto* bytes = reinterpret_cast<BYTE*>(const_cast<char*>(content.data()));  // only read
     check(stream.get()->InitializeFromMemory(bytes, static_cast<DWORD>(content.size())));
@@ -117,7 +117,7 @@ WICPixelFormatGUID formatOf(IWICBitmapSource& source) {
 }
 
 /// The frame in that pixel format; itself when it is stored so.
-UniqueCom<IWICBitmapSource> converted(const Factory& factory, IWICBitmapFrameDecode& frame,
+UniqueCom<IWICBitmapSource> converted(IWICImagingFactory* factory, IWICBitmapFrameDecode& frame,
                                       const WICPixelFormatGUID& wanted) {
     if (formatOf(frame) == wanted) {
         frame.AddRef();
@@ -130,7 +130,7 @@ UniqueCom<IWICBitmapSource> converted(const Factory& factory, IWICBitmapFrameDec
     return UniqueCom<IWICBitmapSource>(converter.get());
 }
 
-std::vector<Colour> paletteOf(const Factory& factory, IWICBitmapFrameDecode& frame) {
+std::vector<Colour> paletteOf(IWICImagingFactory* factory, IWICBitmapFrameDecode& frame) {
     const auto palette = made<IWICPalette>([&](auto out) { return factory->CreatePalette(out); });
     check(frame.CopyPalette(palette.get()));
     std::vector<WICColor> colours(256);
@@ -174,7 +174,7 @@ ComApartment::~ComApartment() {
 
 std::string decodeByImagingComponent(const std::string& content, Surface& target, Rect area, Size& size) {
     try {
-        const Factory factory;
+        IWICImagingFactory* const factory = factoryHere();
         const auto frame = firstFrame(factory, content);
         size = sizeOf(*frame.get());
         copyPixels(*converted(factory, *frame.get(), GUID_WICPixelFormat32bppBGR).get(), size, target, area);
@@ -186,7 +186,7 @@ std::string decodeByImagingComponent(const std::string& content, Surface& target
 
 std::string readByImagingComponent(const std::string& content, Raster& raster) {
     try {
-        const Factory factory;
+        IWICImagingFactory* const factory = factoryHere();
         const auto frame = firstFrame(factory, content);
         const bool indexed = formatOf(*frame.get()) == GUID_WICPixelFormat8bppIndexed;
         if (!sizeRaster(raster, sizeOf(*frame.get()), indexed ? 8 : 24)) return "die Größe ist ungültig";

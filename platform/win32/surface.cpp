@@ -29,23 +29,34 @@ BitmapDc::BitmapDc(Size size) : size_{std::max(0, size.width), std::max(0, size.
     info.bmiHeader.biCompression = BI_RGB;
     // More than the system's 32-bit sizes can tell it would refuse less clearly.
     if (std::int64_t{size_.width} * size_.height > INT32_MAX / 4) outOfMemory();
-    dc_ = UniqueDc(CreateCompatibleDC(nullptr));
     void* pixels = nullptr;
-    bitmap_ = UniqueBitmap(CreateDIBSection(dc_.get(), &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
-    if (!dc_ || !bitmap_) outOfMemory();
+    bitmap_ = UniqueBitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &pixels, nullptr, 0));
+    if (!bitmap_) outOfMemory();
     pixels_ = static_cast<std::uint32_t*>(pixels);
-    before_ = SelectObject(dc_.get(), bitmap_.get());
 }
 
 BitmapDc::BitmapDc(BitmapDc&& other) noexcept
     : size_(std::exchange(other.size_, Size{})),
-      dc_(std::move(other.dc_)),
       bitmap_(std::move(other.bitmap_)),
+      dc_(std::move(other.dc_)),
       before_(std::exchange(other.before_, nullptr)),
       pixels_(std::exchange(other.pixels_, nullptr)) {}
 
 BitmapDc::~BitmapDc() {
+    giveDcBack();
+}
+
+HDC BitmapDc::dc() const {
+    if (!dc_ && bitmap_) {
+        dc_ = UniqueDc(CreateCompatibleDC(nullptr));
+        before_ = SelectObject(dc_.get(), bitmap_.get());
+    }
+    return dc_.get();
+}
+
+void BitmapDc::giveDcBack() const {
     if (dc_ && before_) SelectObject(dc_.get(), before_);
+    dc_.reset();
 }
 
 }  // namespace win32

@@ -2,6 +2,7 @@
 
 #include "platform/application.h"
 #include "tests/controls/picture_box_fixture.h"
+#include "tests/support/hanging_disk.h"
 
 namespace {
 
@@ -128,6 +129,62 @@ TEST_F(PictureBoxLoading, LeavesALaterWishAlone) {
     EXPECT_EQ(box.FileName(), second);
     EXPECT_EQ(buffered(8, 8), 0x222222u);
     EXPECT_THAT(loaded, ElementsAre(ElementsAre(40, 30, 1, 24)));
+}
+
+TEST_F(PictureBoxLoading, WhatWasGivenUpLeavesTheOldPictureAndComesWhenItIsAskedForAgain) {
+    const std::string old = bitmap("a.bmp", {30, 20}, plain(0x111111));
+    const std::string wanted = bitmap("b.bmp", {40, 30}, plain(0x222222));
+    const std::string other = bitmap("c.bmp", {50, 30}, plain(0x333333));
+    support::HangingDisk disk;
+    box.waitFor = [&](platform::BackgroundTask& task) {
+        while (!disk.isStuck() && !task.wait(1)) {
+        }
+        return !disk.isStuck();
+    };
+    box.LoadPic(old);
+    disk.hang(true);
+    box.LoadPic(wanted);
+    EXPECT_THAT(failures,
+                ElementsAre("b.bmp: Das Laden wurde abgebrochen. Zu sehen ist noch das vorige Bild."));
+    EXPECT_TRUE(box.Failed());
+    EXPECT_EQ(picture(), (Size{30, 20}));
+    EXPECT_EQ(buffered(8, 8), 0x111111u);
+    EXPECT_EQ(box.pictureDepth(), 24);
+
+    box.waitFor = nullptr;  // nobody waits for what hangs
+    disk.hang(false);
+    box.LoadPic(wanted);
+    EXPECT_FALSE(box.Failed());
+    EXPECT_EQ(buffered(8, 8), 0x222222u);
+    box.LoadPic(other);
+    EXPECT_EQ(buffered(8, 8), 0x333333u);
+    disk.letGo();  // the late answer is nobody's
+    box.LoadPic(other);
+    EXPECT_EQ(buffered(8, 8), 0x333333u);
+    EXPECT_EQ(loaded.size(), 3u);
+    EXPECT_EQ(failures.size(), 1u);
+}
+
+TEST_F(PictureBoxLoading, AWishDuringTheWaitComesNextWhetherOrNotTheFirstWasGivenUp) {
+    const std::string first = bitmap("a.bmp", {30, 20}, plain(0x111111));
+    const std::string second = bitmap("b.bmp", {40, 30}, plain(0x222222));
+    for (const bool givenUp : {false, true}) {
+        loaded.clear();
+        int waits = 0;
+        box.waitFor = [&](platform::BackgroundTask& task) {
+            while (!task.wait(1000)) {
+            }
+            if (++waits > 1) return true;
+            for (int i = 0; i < 2; ++i) box.LoadPic(second);
+            return !givenUp;
+        };
+        box.LoadPic(first);
+        EXPECT_EQ(box.FileName(), second);
+        EXPECT_EQ(buffered(8, 8), 0x222222u);
+        EXPECT_THAT(loaded, ElementsAre(ElementsAre(40, 30, 1, 24)));
+        EXPECT_FALSE(box.Failed());
+    }
+    EXPECT_EQ(failures.size(), 0u);
 }
 
 }  // namespace

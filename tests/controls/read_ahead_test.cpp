@@ -5,6 +5,7 @@
 #include "controls/picturebox/picture_store.h"
 #include "picture_box_fixture.h"
 #include "platform/files.h"
+#include "tests/support/hanging_disk.h"
 
 namespace {
 
@@ -27,8 +28,10 @@ class ReadAhead : public PictureBoxTest {
                 bitmap(std::to_string(i) + ".bmp", size, plain(0x101010u * (static_cast<unsigned>(i) + 1))));
         return files;
     }
-    static platform::Colour firstPixel(const controls::ReadyPicture& picture) {
-        return picture.buffer.surface().row(8)[8] & 0xFFFFFF;
+    /// The first pixel of what comes to the screen.
+    static platform::Colour shown(controls::PictureLoad load) {
+        load.run(false);
+        return load.result.picture.value().buffer.surface().row(8)[8] & 0xFFFFFF;
     }
 };
 
@@ -38,15 +41,19 @@ TEST_F(ReadAhead, KeepsWhatIsExpectedAndNothingElse) {
     store.expect({files[1], files[0]}, 0);
     fetchAll(store);
     EXPECT_EQ(store.pictures(), 2u);
-    const auto taken = store.take(files[1]);
-    ASSERT_TRUE(taken);
-    EXPECT_EQ(firstPixel(*taken), 0x202020u);
-    EXPECT_EQ(taken->facts.words.bitCount, 24);
-    EXPECT_FALSE(store.take(files[1])) << "it is handed out once";
+    auto taken = store.take(files[1]);
+    ASSERT_TRUE(taken.ready);
+    EXPECT_EQ(taken.ready->facts.words.bitCount, 24);
+    EXPECT_EQ(shown(std::move(taken)), 0x202020u);
     store.expect({files[2], files[3]}, 0);
     fetchAll(store);
-    EXPECT_FALSE(store.take(files[0])) << "nobody expects it any more";
-    EXPECT_EQ(store.pictures(), 2u);
+    EXPECT_EQ(store.pictures(), 2u) << "nobody expects the first one any more";
+    for (const int i : {0, 1}) {
+        const auto other = store.take(files[static_cast<std::size_t>(i)]);
+        EXPECT_FALSE(other.ready) << "it is handed out once";
+        EXPECT_TRUE(other.spare) << "the memory of one that is less wanted";
+    }
+    EXPECT_EQ(store.pictures(), 0u);
 }
 
 TEST_F(ReadAhead, WaitsForThePictureThatIsBeingDecoded) {
@@ -54,9 +61,37 @@ TEST_F(ReadAhead, WaitsForThePictureThatIsBeingDecoded) {
     PictureStore store;
     store.expect({files[1]}, 0);
     ASSERT_TRUE(store.fetchOn());
-    const auto taken = store.take(files[1]);
-    ASSERT_TRUE(taken);
-    EXPECT_EQ(firstPixel(*taken), 0x202020u);
+    auto taken = store.take(files[1]);
+    EXPECT_TRUE(taken.fetch);
+    EXPECT_EQ(shown(std::move(taken)), 0x202020u);
+}
+
+TEST_F(ReadAhead, GoesOnBesideADiskThatHangs) {
+    const auto files = bitmaps(4, {20, 10});
+    support::HangingDisk disk;
+    PictureStore store(1 << 20, std::chrono::milliseconds(0));
+    const auto expectOnly = [&](std::vector<std::string> names) {
+        store.expect(std::move(names), 0);
+        return store.fetchOn();
+    };
+    disk.hang(true);
+    ASSERT_TRUE(expectOnly({files[0]}));
+    while (!disk.isStuck()) nap();
+    disk.hang(false);
+    EXPECT_TRUE(expectOnly({files[0], files[1]}));
+    while (store.pictures() == 0) store.fetchOn();
+    EXPECT_TRUE(store.take(files[1]).ready);
+
+    // The user waits for the one that hangs and gives up.
+    auto load = std::make_shared<controls::PictureLoad>(store.take(files[0]));
+    ASSERT_TRUE(load->fetch);
+    load->run(true);
+    store.leave(load);
+    load.reset();
+    EXPECT_FALSE(expectOnly({files[0]})) << "it would hang as well";
+    EXPECT_EQ(shown(store.take(files[0])), 0x101010u) << "who asks for it tries again";
+    disk.letGo();
+    while (!expectOnly({files[0]})) nap();
 }
 
 TEST_F(ReadAhead, AFileThatChangedIsNotWhatWasDecoded) {
@@ -66,7 +101,12 @@ TEST_F(ReadAhead, AFileThatChangedIsNotWhatWasDecoded) {
     fetchAll(store);
     platform::files::remove(files[0]);
     folder.write("1.bmp", support::trueColourBitmap({20, 11}, plain(0)));
-    for (const int i : {0, 1}) EXPECT_FALSE(store.take(files[static_cast<std::size_t>(i)])) << i;
+    auto gone = store.take(files[0]);
+    EXPECT_TRUE(gone.ready);
+    gone.run(false);
+    EXPECT_FALSE(gone.result.picture);
+    EXPECT_NE(gone.result.reason, "");
+    EXPECT_EQ(shown(store.take(files[1])), 0u);
 }
 
 TEST_F(ReadAhead, TakesNoMoreMemoryThanItMay) {
@@ -83,7 +123,7 @@ TEST_F(ReadAhead, TakesNoMoreMemoryThanItMay) {
         fetchAll(store);
         EXPECT_EQ(store.pictures(), c.pictures) << c.most;
         EXPECT_LE(store.bytes(), c.most);
-        EXPECT_EQ(store.take(files[0]).has_value(), c.pictures > 0) << "the likeliest is there first";
+        EXPECT_EQ(store.take(files[0]).ready.has_value(), c.pictures > 0) << "the likeliest is there first";
     }
     // What is kept gives way to what is likelier.
     PictureStore store(one);
@@ -91,8 +131,8 @@ TEST_F(ReadAhead, TakesNoMoreMemoryThanItMay) {
     fetchAll(store);
     store.expect({files[1], files[0]}, one);
     fetchAll(store);
-    EXPECT_TRUE(store.take(files[1]));
-    EXPECT_FALSE(store.take(files[0]));
+    EXPECT_TRUE(store.take(files[1]).ready);
+    EXPECT_FALSE(store.take(files[0]).ready);
 }
 
 // A control that reads ahead, rightly or wrongly, is told from one that does not by nothing.

@@ -1,11 +1,10 @@
 #include <atomic>
 #include <chrono>
-#include <memory>
 #include <thread>
 
 #include "platform/file_calls.h"
-#include "platform/timer.h"
 #include "tests/editor/editor_fixture.h"
+#include "tests/support/hanging_disk.h"
 
 namespace {
 
@@ -29,17 +28,20 @@ class Waiting : public EditorTest {
     }
     ~Waiting() override { *slow = false; }
 
-    /// Makes the share slow, and acts once when the window has begun to wait for it.
-    void meanwhile(std::function<void()> act) {
+    /// Makes the share slow, and acts once when it is time, mostly when the window has begun to wait for it.
+    void meanwhile(std::function<void()> act, std::function<bool()> isTime) {
         *slow = true;
         timer = std::make_unique<platform::Timer>(window().form);
-        timer->setInterval(10);
-        timer->onTick = [this, act = std::move(act)] {
-            if (!window().fraWait.visible()) return;
+        timer->setInterval(5);
+        timer->onTick = [this, act = std::move(act), isTime = std::move(isTime)] {
+            if (!isTime()) return;
             timer->setEnabled(false);
             act();
         };
         timer->setEnabled(true);
+    }
+    void meanwhile(std::function<void()> act) {
+        meanwhile(std::move(act), [this] { return window().fraWait.visible(); });
     }
 
     /// Shared with the thread that lists, which may outlive the test.
@@ -54,6 +56,7 @@ TEST_F(Waiting, ASetThatTakesLongToCheckCanBeGivenUp) {
     meanwhile([&] {
         told = w.lblWait.caption();
         seen = w.kvPictureBox1.FileName();
+        EXPECT_EQ(w.kvProgressBar1.maximum(), 5);
         EXPECT_FALSE(w.form.unload()) << "the close box gives up as well, and does not close";
         *slow = false;  // "Probe" is read again
         user::press(w.btnWait);
@@ -75,7 +78,6 @@ TEST_F(Waiting, ASetThatIsGivenUpLeavesNoPictureWhereNoneWas) {
     openByChooser("Fern");
     EXPECT_EQ(w.set().sampleCount(), 0);
     EXPECT_EQ(w.kvPictureBox1.FileName(), "");
-    EXPECT_EQ(w.txtSize.text(), "");
     EXPECT_EQ(w.txtInfo.text(), "Bereich: (gesamtes Bild)   Datei: ");
 }
 
@@ -97,43 +99,68 @@ TEST_F(Waiting, LeavingWithoutSavingGivesUpAndForgetsNothing) {
 TEST_F(Waiting, ClosingTheWindowWhileTheFirstPictureComesGivesUpAsWell) {
     auto& w = window();
     messages.expectPart("Änderungen in", platform::message::no);
-    *slow = true;
-    timer = std::make_unique<platform::Timer>(w.form);
-    timer->setInterval(1);
-    timer->onTick = [&] {
-        if (w.set().sampleCount() != 5 || w.fraWait.visible()) return;
-        timer->setEnabled(false);
-        EXPECT_FALSE(w.form.unload());
-        *slow = false;  // "Probe" is read again
-    };
-    timer->setEnabled(true);
+    meanwhile(
+        [&] {
+            EXPECT_FALSE(w.form.unload());
+            *slow = false;  // "Probe" is read again
+        },
+        [&] { return w.set().sampleCount() == 5 && !w.fraWait.visible(); });
     openByChooser("Fern");
     EXPECT_TRUE(w.form.loaded());
     EXPECT_EQ(w.cboSets.text(), "Probe");
     EXPECT_EQ(w.set().sampleCount(), 3);
 }
 
-TEST_F(Waiting, HowFarItIsIsSeenUntilItIsThere) {
+TEST_F(Waiting, SavingByKeyBeforeTheSetIsAcceptedDoesNothing) {
     auto& w = window();
+    const std::string before = platform::files::read(setFile("Fern"));
     messages.expectPart("Änderungen in", platform::message::no);
-    int maximum = 0;
-    meanwhile([&] {
-        maximum = w.kvProgressBar1.maximum();
-        *slow = false;
-    });
+    meanwhile(
+        [&] {
+            user::key(w.form, 'S', platform::shiftKey::control);
+            *slow = false;
+        },
+        [&] { return w.set().sampleCount() == 5 && !w.fraWait.visible(); });
     openByChooser("Fern");
-    EXPECT_EQ(maximum, 5);
     EXPECT_EQ(w.set().sampleCount(), 5);
-    EXPECT_EQ(w.cboSets.text(), "Fern");
-    EXPECT_FALSE(w.fraWait.visible());
+    EXPECT_TRUE(w.unchanged());
+    EXPECT_EQ(platform::files::read(setFile("Fern")), before);
+    EXPECT_EQ(stored("Probe", "ROI0", "1"), "1");
 }
 
+using platform::files::Call;
 std::atomic<bool> diskHangs{false};
 
-platform::files::Fault hang(platform::files::Call call) {
-    while (call == platform::files::Call::flush && diskHangs)
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+template <Call hanging>
+platform::files::Fault hang(Call call) {
+    while (call == hanging && diskHangs) std::this_thread::sleep_for(std::chrono::milliseconds(1));
     return platform::files::Fault::none;
+}
+
+// Of the sets before a save, and of a folder of pictures.
+TEST_F(Waiting, AListingThatIsGivenUpLeavesThingsAsTheyWere) {
+    auto& w = window();
+    support::DialogScript dialogs;
+    dialogs.answer(folder.file("Picture\\Fern"));
+    w.browse(folder.file("Picture\\Probe"));
+    const std::pair<platform::Button*, const char*> listings[] = {
+        {&w.btnSave, "Die Stichproben werden gesucht ..."}, {&w.btnPath, "Das Verzeichnis wird gelesen ..."}};
+    platform::files::faultWatcher = hang<Call::list>;
+    for (const auto& [button, told] : listings) {
+        diskHangs = true;
+        meanwhile([&, expected = told] {
+            EXPECT_EQ(w.lblWait.caption(), expected);
+            user::press(w.btnWait);
+        });
+        user::press(*button);
+        diskHangs = false;
+        EXPECT_FALSE(w.unchanged());
+        EXPECT_EQ(w.ItemClasses(1, 0), 1);
+        EXPECT_EQ(w.ListView1.count(), 3);
+        EXPECT_EQ(w.cboSets.text(), "Probe");
+    }
+    platform::files::faultWatcher = nullptr;
+    EXPECT_EQ(stored("Probe", "ROI0", "1"), "1");
 }
 
 TEST_F(Waiting, ASaveThatIsGivenUpLeavesTheOldFile) {
@@ -141,7 +168,7 @@ TEST_F(Waiting, ASaveThatIsGivenUpLeavesTheOldFile) {
     const std::string sets = folder.file("TestSets");
     const std::string before = platform::files::read(sets + "\\Probe.kvs");
     diskHangs = true;
-    platform::files::faultWatcher = hang;
+    platform::files::faultWatcher = hang<Call::flush>;
     messages.expectPart("überschreiben?").expectPart("überschreiben?");
     meanwhile([&] {
         EXPECT_EQ(w.lblWait.caption(), "Die Stichprobe wird gespeichert ...");
@@ -165,25 +192,68 @@ TEST_F(Waiting, LookingForMissingPicturesInAnotherFolderCanBeGivenUp) {
     support::DialogScript dialogs;
     dialogs.answer(folder.file("Picture\\Probe\\bild2.bmp"));
     const user::ModalUser person([&](platform::Form& dialog) {
-        auto& list = user::find<platform::ListView>(dialog, "ListView1");
-        *slow = true;
-        timer = std::make_unique<platform::Timer>(dialog);
-        timer->setInterval(10);
-        timer->onTick = [&] {
-            if (!user::find(dialog, "fraWait").visible()) return;
-            timer->setEnabled(false);
-            user::press(user::find<platform::Button>(dialog, "btnWait"));
-        };
-        timer->setEnabled(true);
+        meanwhile([&] { user::press(user::find<platform::Button>(dialog, "btnWait")); },
+                  [&] { return user::find(dialog, "fraWait").visible(); });
         user::press(user::find<platform::Button>(dialog, "btnSearch"));
-        EXPECT_EQ(list.count(), 1) << "nothing was found or lost";
+        EXPECT_EQ(user::find<platform::ListView>(dialog, "ListView1").count(), 1);
         EXPECT_TRUE(dialog.visible());
-        timer.reset();
         *slow = false;
         user::press(user::find<platform::Button>(dialog, "btnAbbr"));
     });
     openByChooser("Fern");
     EXPECT_EQ(window().cboSets.text(), "Probe");
+}
+
+TEST_F(Waiting, APictureThatHangsIsGivenUpAndNothingElseIs) {
+    restart();
+    auto& w = window();
+    support::HangingDisk disk;
+    openByChooser("Fern");
+    user::press(w.Toolbar1, "btnLoop");
+    disk.hang(true);
+    meanwhile([&] {
+        EXPECT_EQ(w.lblWait.caption(), "Das Bild wird geladen ...");
+        EXPECT_FALSE(w.form.unload()) << "the close box gives up as well";
+        disk.hang(false);
+    });
+    w.GoToItem(4);
+    EXPECT_EQ(hint(), "bild4.bmp: Das Laden wurde abgebrochen. Zu sehen ist noch das vorige Bild.");
+    EXPECT_EQ(w.txtSize.text(), "");
+    EXPECT_EQ(current(), 4);
+    EXPECT_FALSE(w.fraWait.visible());
+    EXPECT_TRUE(w.Toolbar1.enabled(w.Toolbar1.indexOf("btnLoop"))) << "the slide show has stopped";
+
+    w.GoToItem(3);
+    EXPECT_EQ(hint(), "");
+    pressClass(2);
+    EXPECT_EQ(w.ItemClasses(3, 0), 2);
+    EXPECT_EQ(current(), 4);
+    EXPECT_EQ(hint(), "") << "it was tried again";
+    EXPECT_EQ(w.kvPictureBox1.PicWidth(), 12);
+}
+
+TEST_F(Waiting, AFirstPictureThatHangsCanBeGivenUpWithItsSet) {
+    auto& w = window();
+    support::HangingDisk disk;
+    messages.expectPart("Änderungen in", platform::message::no);
+    std::string told;
+    meanwhile(
+        [&] {
+            told = w.lblWait.caption();
+            disk.hang(false);
+            *slow = false;  // "Probe" is read again
+            user::press(w.btnWait);
+        },
+        [&] {
+            disk.hang(w.set().sampleCount() == 5);
+            return w.fraWait.visible();
+        });
+    openByChooser("Fern");
+    EXPECT_EQ(told, "Das Bild wird geladen ...");
+    EXPECT_EQ(w.cboSets.text(), "Probe");
+    EXPECT_EQ(w.kvPictureBox1.FileName(), picture("Probe", 1));
+    EXPECT_EQ(hint(), "");
+    EXPECT_FALSE(w.fraWait.visible());
 }
 
 }  // namespace
