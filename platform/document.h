@@ -108,17 +108,15 @@ class ProfileWriter {
     std::string section_;
 };
 
-/// Reads and writes one entry per call, as the suite's programs do, but parses a file once and writes it
-/// once: `write` only collects, `flush` stores what was collected for the file.
+/// Reads and writes one entry per call, as the suite's programs do, but parses a file once: `write` only
+/// collects.
 class ProfileFile {
   public:
     explicit ProfileFile(std::string fileName) : fileName_(std::move(fileName)) {}
 
     /// The first call parses the file; RuntimeError of ProfileDocument::load.
-    std::string read(std::string_view section, std::string_view key, std::string_view whenAbsent);
-    /// The same without a copy; valid until the next `flush`.
     std::string_view peek(std::string_view section, std::string_view key, std::string_view whenAbsent);
-    /// A section whose entries are read by the thousand; null when there is none. Valid as long.
+    /// A section whose entries are read by the thousand; null when there is none.
     const ProfileDocument::Section* section(std::string_view name);
     /// Lines of the file: no count in it can honestly be greater.
     std::size_t lineCount();
@@ -126,8 +124,7 @@ class ProfileFile {
     /// Calls for one section must follow each other.
     void write(std::string_view section, std::string_view key, std::string_view value);
     void write(std::string_view section, std::int32_t key, std::int32_t value);
-    void flush();
-    /// What `flush` would store.
+    /// What was written, as a file holds it.
     std::string bytes() const { return written_.bytes(); }
 
   private:

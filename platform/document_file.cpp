@@ -17,10 +17,6 @@ const ProfileDocument::Section* ProfileFile::section(std::string_view name) {
     return document().findSection(name);
 }
 
-std::string ProfileFile::read(std::string_view section, std::string_view key, std::string_view whenAbsent) {
-    return std::string(peek(section, key, whenAbsent));
-}
-
 std::size_t ProfileFile::lineCount() {
     return document().lineCount();
 }
@@ -33,13 +29,6 @@ void ProfileFile::write(std::string_view section, std::string_view key, std::str
 void ProfileFile::write(std::string_view section, std::int32_t key, std::int32_t value) {
     if (writing_ != section) written_.section(writing_ = section);
     written_.set(key, value);
-}
-
-void ProfileFile::flush() {
-    written_.store(fileName_);
-    written_ = {};
-    writing_.clear();
-    read_.reset();  // the next look reads what is there now
 }
 
 }  // namespace platform

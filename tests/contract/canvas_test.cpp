@@ -85,38 +85,6 @@ TEST(Canvas, DropsPixelsInsteadOfMixingThem) {
     EXPECT_EQ(lettersOf(small).find_first_not_of("rb\n"), std::string::npos) << lettersOf(small);
 }
 
-TEST(Canvas, CopiesOntoItselfAsFromAPicture) {
-    Surface surface({2, 4});
-    const Colour rows[] = {red, green, blue, red};
-    const auto shifted = [&](Rect area, Point from) {
-        for (int y = 0; y < 4; ++y) std::fill_n(surface.row(y), 2, rows[y]);
-        surface.row(0)[1] = ground;
-        Canvas(surface).copy(area, surface, from);
-        return lettersOf(surface);
-    };
-    EXPECT_EQ(shifted({0, 1, 2, 4}, {0, 0}), "r.\nr.\ngg\nbb\n") << "down";
-    EXPECT_EQ(shifted({0, 0, 2, 3}, {0, 1}), "gg\nbb\nrr\nrr\n") << "up";
-    EXPECT_EQ(shifted({1, 0, 2, 4}, {0, 0}), "rr\ngg\nbb\nrr\n") << "to the right";
-}
-
-TEST(Canvas, DrawsEdgesAndGripsIntoTheirAreaOnly) {
-    for (const bool edge : {true, false}) {
-        Surface surface({20, 20});
-        surface.fill(green);
-        const Rect area{2, 2, 19, 19};
-        edge ? Canvas(surface).sunkenEdge(area) : Canvas(surface).sizeGrip(area);
-        int drawn = 0;
-        for (int i = 0; i < 400; ++i) {
-            const Point p{i % 20, i / 20};
-            if (surface.row(p.y)[p.x] == green) continue;
-            ++drawn;
-            const bool inside = edge && Rect{4, 4, 17, 17}.contains(p);
-            EXPECT_TRUE(area.contains(p) && !inside) << edge << ": " << p.x << ", " << p.y;
-        }
-        EXPECT_GT(drawn, edge ? 4 * 16 : 5);
-    }
-}
-
 TEST(Surface, ThatIsTooLargeIsRefused) {
     const auto made = [] { Surface surface({60000, 60000}); };
     EXPECT_EQ(support::errorOf(made).number(), error::badPicture);

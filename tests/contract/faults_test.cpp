@@ -20,6 +20,7 @@ using std::string;
 using support::errorOf;
 using support::Faults;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::UnorderedElementsAreArray;
 
 std::vector<string> namesIn(const string& directory) {
@@ -28,56 +29,38 @@ std::vector<string> namesIn(const string& directory) {
     return names;
 }
 
-/// What a save that died leaves beside its target.
-string leftOver(const support::TempFolder& folder, const string& target) {
-    const std::vector<string> before = namesIn(folder.path());
-    {
-        const Faults faults({"", support::Fault::none, support::Fault::crash, support::Fault::crash});
-        EXPECT_THROW(files::replace(folder.file(target), "unfinished"), RuntimeError);
-    }
-    for (const string& name : namesIn(folder.path()))
-        if (std::find(before.begin(), before.end(), name) == before.end()) return name;
-    return {};
-}
-
 TEST(Faults, AReplacementIsTheOldFileOrTheNewOneWhicheverCallFails) {
     const string old(1000, 'o'), fresh(3000, 'n');
-    for (const support::Failure& failure : support::failures) {
-        const support::TempFolder folder;
-        const string file = folder.write("Störung.kvs", old);
-        bool met = true;
-        for (int n = 1; met; ++n) {
-            SCOPED_TRACE(string(failure.name) + " at call " + std::to_string(n));
-            files::replace(file, old);
-            const auto before = namesIn(folder.path());
-            RuntimeError error{0, {}};
-            bool harmless = false;
-            {
-                const Faults faults(failure, n);
-                error = errorOf([&] { files::replace(file, fresh); });
-                met = faults.met();
-                const auto& calls = faults.calls();
-                const auto last = static_cast<std::size_t>(n);
-                harmless = met && (calls[last - 1] == support::Call::rename ||  // tried again
-                                   (failure.first == support::Fault::cutShort && calls.size() == last));
-            }
-            EXPECT_TRUE(met || n > 5) << "create, write, flush, close and rename pass by";
-            EXPECT_TRUE(!met || error.number() != 0 || harmless) << "a failure that nobody is told of";
-            const string content = files::read(file);
-            EXPECT_TRUE(content == fresh || (content == old && error.number() == error::fileError));
-            if (error.number() != 0) {
-                EXPECT_NE(error.description().find("Störung.kvs\" kann nicht geschrieben werden: "),
-                          string::npos);
-            }
-            if (!failure.leavesTemporary()) {
-                EXPECT_THAT(namesIn(folder.path()), UnorderedElementsAreArray(before));
-            }
-            const auto left = namesIn(folder.path());
-            files::replace(file, fresh);
-            EXPECT_EQ(files::read(file), fresh);
-            EXPECT_THAT(namesIn(folder.path()), UnorderedElementsAreArray(left));
+    const support::TempFolder folder;
+    const string file = folder.write("Störung.kvs", old);
+    support::withEach(support::failures, 5, [&](const support::Failure& failure, int n, bool& met) {
+        files::replace(file, old);
+        const auto before = namesIn(folder.path());
+        RuntimeError error{0, {}};
+        bool harmless = false;
+        {
+            const Faults faults(failure, n);
+            error = errorOf([&] { files::replace(file, fresh); });
+            met = faults.met();
+            const auto& calls = faults.calls();
+            const auto last = static_cast<std::size_t>(n);
+            harmless = met && (calls[last - 1] == support::Call::rename ||  // tried again
+                               (failure.first == support::Fault::cutShort && calls.size() == last));
         }
-    }
+        EXPECT_TRUE(!met || error.number() != 0 || harmless) << "a failure that nobody is told of";
+        const string content = files::read(file);
+        EXPECT_TRUE(content == fresh || (content == old && error.number() == error::fileError));
+        if (error.number() != 0) {
+            EXPECT_THAT(error.description(), HasSubstr("Störung.kvs\" kann nicht geschrieben werden: "));
+        }
+        if (!failure.leavesTemporary()) {
+            EXPECT_THAT(namesIn(folder.path()), UnorderedElementsAreArray(before));
+        }
+        const auto left = namesIn(folder.path());
+        files::replace(file, fresh);
+        EXPECT_EQ(files::read(file), fresh);
+        EXPECT_THAT(namesIn(folder.path()), UnorderedElementsAreArray(left));
+    });
 }
 
 // Whether the system would let the name be taken or not.
@@ -111,20 +94,23 @@ TEST(Faults, TheNewContentIsOnTheDiskBeforeItTakesTheOldOnesPlace) {
 TEST(Faults, AReadingThatFailsIsNeverAShorterFile) {
     const support::TempFolder folder;
     const string file = folder.write("a", string(1 << 20, 'x'));
-    bool met = true;
-    for (int n = 1; met; ++n) {
-        Faults faults({"", support::Fault::networkGone, {}, {}}, n);
+    const std::array gone{support::Failure{"", support::Fault::networkGone, {}, {}}};
+    support::withEach(gone, 2, [&](const support::Failure& failure, int n, bool& met) {
+        Faults faults(failure, n);
         faults.inReading();
         const auto error = errorOf([&] { EXPECT_EQ(files::read(file).size(), 1U << 20); });
         met = faults.met();
         EXPECT_EQ(error.number(), met ? error::fileError : 0) << n;
-        EXPECT_TRUE(met || n > 2);
-    }
+    });
 }
 
 TEST(Faults, WhatADeadProcessLeftNeitherHindersASaveNorStaysForEver) {
     const support::TempFolder folder;
-    const string name = leftOver(folder, "a.kvs");
+    {
+        const Faults faults({"", support::Fault::none, support::Fault::crash, support::Fault::crash});
+        EXPECT_THROW(files::replace(folder.file("a.kvs"), "unfinished"), RuntimeError);
+    }
+    const string name = namesIn(folder.path()).at(0);
     ASSERT_TRUE(name.starts_with("~kv") && name.ends_with(".tmp")) << name;
     // The next process of that number would take these names.
     const std::size_t dash = name.find('-') + 1;

@@ -4,7 +4,6 @@
 
 #include <memory>
 
-#include "platform/basic_controls.h"
 #include "platform/errors.h"
 #include "platform/metrics.h"
 #include "tests/contract/test_window.h"
@@ -132,21 +131,6 @@ TEST(ModalForm, GivesTheFocusBackAndItsOwnerIsUsableAsSoonAsItIsHidden) {
     EXPECT_TRUE(d.btnOwner.focused());
 }
 
-TEST(ModalForm, CanBeShownAgainAndStaysAsLongAsItRefusesToGo) {
-    Dialog d;
-    int shown = 0, asked = 0;
-    d.dialog.onQueryUnload = [&] { return ++asked == 3; };
-    const user::ModalUser person([&](Form& form) {
-        if (++shown <= 2)
-            user::press(d.btnDialog);
-        else
-            user::close(form);
-    });
-    for (int i = 0; i < 3; ++i) d.dialog.showModal();
-    EXPECT_EQ(asked, 3);
-    EXPECT_EQ(shown, 5);
-}
-
 TEST(Form, TellsANewSizeWhichIsNotBelowItsMinimum) {
     TestWindow window;
     user::pump();
@@ -159,19 +143,6 @@ TEST(Form, TellsANewSizeWhichIsNotBelowItsMinimum) {
     EXPECT_EQ(told, window.form.clientSize());
     EXPECT_EQ(window.form.bounds().width(), 400);
     EXPECT_EQ(window.form.bounds().height(), 300);
-}
-
-TEST(Form, KeepsItsPlacementAsText) {
-    TestWindow first;
-    first.form.move(Rect::at(40, 60, 500, 333));
-    Form second("frmContract", "Zweites", {});
-    second.setPlacement(first.form.placement());
-    EXPECT_EQ(second.bounds(), Rect::at(40, 60, 500, 333));
-    for (const char* unusable :
-         {"", "1 2 drei", "10 20 300 200 x", "10 20 0 200", "10 20 300 200 96", "10 20 300 200 -1 0"}) {
-        second.setPlacement(unusable);
-        EXPECT_EQ(second.bounds(), Rect::at(40, 60, 500, 333)) << unusable;
-    }
 }
 
 TEST(Form, ComesBackAsLargeAsItWasToTheEyeAndWhollyOnItsMonitor) {
@@ -189,6 +160,15 @@ TEST(Form, ComesBackAsLargeAsItWasToTheEyeAndWhollyOnItsMonitor) {
     EXPECT_LT(nearest.left, 30000);
     form.setPlacement("-2147483648 0 2147483647 250 96 0");
     EXPECT_EQ(form.bounds().left, 0);
+    form.setPlacement("10 20 300 200");
+    for (const char* unusable :
+         {"", "1 2 drei", "10 20 300 200 x", "10 20 0 200", "10 20 300 200 96", "10 20 300 200 -1 0"}) {
+        form.setPlacement(unusable);
+        EXPECT_EQ(form.bounds(), Rect::at(10, 20, 300, 200)) << unusable;
+    }
+    Form second("frmContract", "Zweites", {});
+    second.setPlacement(form.placement());
+    EXPECT_EQ(second.bounds(), form.bounds());
 }
 
 TEST(Form, TellsFilesThatAreDroppedUnlessADialogBlocksIt) {

@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/application.h"
-#include "platform/basic_controls.h"
 #include "platform/errors.h"
-#include "platform/user_control.h"
 #include "test_window.h"
 #include "tests/support/error_of.h"
 #include "tests/support/messages.h"
@@ -83,11 +81,6 @@ TEST(FormKeys, ReachTheControlUnlessTheFormTakesThem) {
     };
     user::key(window.form, keyCode::space);
     EXPECT_EQ(window.raised(), contract::Events{}) << "what failed is not done a second time";
-}
-
-TEST(Open, TellsThatAFileIsMissing) {
-    EXPECT_EQ(support::errorOf([] { application::open("C:\\gibt es nicht.html"); }).number(),
-              error::fileNotFound);
 }
 
 }  // namespace

@@ -27,19 +27,4 @@ TEST_F(OwnRegistry, AnswersWhatWasWrittenWhateverTheCase) {
     EXPECT_EQ(registry.read("Stich", "DATAPATH"), "neu");
 }
 
-TEST_F(OwnRegistry, IsRemovedWholeAndAlone) {
-    Registry neighbour(std::string(root) + " neighbour");
-    neighbour.write("Stich", "Interval", "1");
-    for (int i = 0; i < 2; ++i) {  // it can be written again
-        registry.write("Stich", "Interval", "2");
-        registry.write("", "DataPath", "x");
-        EXPECT_EQ(registry.read("", "DataPath"), "x");
-        registry.removeAll();
-        EXPECT_EQ(registry.read("Stich", "Interval"), std::nullopt);
-        EXPECT_EQ(registry.read("", "DataPath"), std::nullopt);
-    }
-    EXPECT_EQ(neighbour.read("Stich", "Interval"), "1");
-    neighbour.removeAll();
-}
-
 }  // namespace

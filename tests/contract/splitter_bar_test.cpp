@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "platform/metrics.h"
 #include "tests/contract/test_window.h"
 #include "tests/support/user.h"

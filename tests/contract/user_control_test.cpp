@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "tests/contract/test_window.h"
 #include "tests/support/user.h"
 
@@ -49,24 +47,8 @@ TEST(UserControlPaint, TouchesOnlyWhatIsInvalid) {
     for (const Point p : {Point{10, 10}, {19, 19}, {40, 20}}) EXPECT_EQ(picture.at(p), green) << p.x;
     for (const Point p : {Point{9, 10}, {20, 19}, {19, 20}, {41, 20}, {30, 20}, {30, 30}})
         EXPECT_EQ(picture.at(p), red) << p.x << ", " << p.y;
-    window.control.invalidate({-20, -20, 1, 1});
-    window.control.invalidate({59, 39, 500, 500});
-    window.control.invalidate({70, 50, 80, 60});
-    EXPECT_EQ(user::screen(window.control).at({30, 30}), red);
     window.control.invalidate();
     EXPECT_EQ(user::screen(window.control), user::printed(window.control));
-}
-
-TEST(UserControlPaint, HappensOnceForManyPieces) {
-    Drawing window;
-    window.colour = green;
-    for (int i = 1; i < 19; ++i) window.control.invalidate(Rect::at(3 * i, 2 * i, 1, 1));
-    user::pump();
-    EXPECT_EQ(window.paints, 1);
-    const user::Picture picture = user::screen(window.control);
-    EXPECT_EQ(window.paints, 1);
-    for (int i = 1; i < 19; ++i) EXPECT_EQ(picture.at({3 * i, 2 * i}), green) << i;
-    EXPECT_EQ(picture.at({2, 2}), red);
 }
 
 TEST(UserControlPaint, WaitsUntilTheControlIsSeenAndCoversANewSize) {

@@ -1,5 +1,10 @@
 #include <gmock/gmock.h>
 
+#include <cstdint>
+#include <limits>
+
+#include "controls/picturebox/region_list.h"
+#include "controls/picturebox/region_overlay.h"
 #include "platform/errors.h"
 #include "tests/controls/picture_box_fixture.h"
 
@@ -127,6 +132,7 @@ TEST_F(PictureBoxRegions, AreDrawnOverThePictureInOneToOneModeOnly) {
     EXPECT_EQ(user::screen(box).at({20, 20}), ground);
     box.ShowROIs(true);
     box.Stretch(true);
+    EXPECT_FALSE(hScroll.visible() || vScroll.visible());
     const user::Picture stretched = user::screen(box);
     EXPECT_EQ(std::count(stretched.pixels.begin(), stretched.pixels.end(), white), 0);
 }
@@ -146,6 +152,25 @@ TEST_F(PictureBoxRegions, LeaveNothingBehindOnTheScreen) {
     const user::Picture screen = user::screen(box);
     EXPECT_EQ(screen, user::printed(box));
     EXPECT_EQ(std::count(screen.pixels.begin(), screen.pixels.end(), white), 0);
+}
+
+constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
+
+TEST(RegionRecord, RefusesEdgesBeyond32Bits) {
+    EXPECT_EQ(controls::RegionRecord::at(most - 1, 0, 1, 0).Right, most);
+    EXPECT_THROW(controls::RegionRecord::at(most, 0, 1, 0), RuntimeError);
+    EXPECT_THROW(controls::RegionRecord::at(0, least, 0, -1), RuntimeError);
+    EXPECT_THROW((controls::RegionRecord{least, 0, most, 0}.dX()), RuntimeError);
+}
+
+TEST(RegionOverlay, StandsRegionsFarOutside) {
+    platform::Surface surface({20, 20});
+    surface.fill(0);
+    platform::Canvas canvas(surface);
+    controls::drawRegion(canvas, {least, least, most, most, true}, {-1000, 1000});
+    controls::bandsOf({most, most, most, most, true}, {most, most});
+    EXPECT_EQ(surface.row(10)[10] & 0xFFFFFF, 0u);
 }
 
 }  // namespace

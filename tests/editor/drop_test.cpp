@@ -69,12 +69,6 @@ TEST_F(Dropping, ASetIsOpenedAsIfItWereChosen) {
     EXPECT_EQ(stored("Neu", "ROI0", "1"), "2");
     EXPECT_EQ(window().cboSets.text(), "") << "it is none of the sets directory";
     EXPECT_EQ(window().set().sampleCount(), 3);
-
-    pressClass(1);
-    messages.expectPart("speichern?", message::no).expectPart("Die Stichprobe kann nicht geöffnet werden.");
-    folder.write("TestSets\\kaputt.kvs", "[Common]\r\nClasses=viele\r\n");
-    drop({"TestSets\\kaputt.kvs"});
-    EXPECT_EQ(window().set().sampleCount(), 3);
 }
 
 }  // namespace

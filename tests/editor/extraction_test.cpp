@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "platform/path.h"
-#include "shell/cut_out_names.h"
+#include "tests/editor/counting_source.h"
 #include "tests/editor/editor_fixture.h"
 #include "tests/support/pictures.h"
 
@@ -23,7 +23,6 @@ TEST(CutOutNames, NoPictureOrRegionTakesTheFileOfAnother) {
         {"c:\\P\\a.JPG", 1, "Kopf", "D:\\aus\\a_Kopf.bmp"},
         {"C:\\p\\A.jpg", 2, "a:b?", "D:\\aus\\A_a_b_.bmp"},
         {"C:\\p\\A.jpg", 3, "a*b<", "D:\\aus\\A_a_b_ (2).bmp"},
-        {"C:\\p\\A.jpg", 4, "x\t\"|\\/", "D:\\aus\\A_x_____.bmp"},
         {"C:\\p\\A.jpg", 5, "Probe", "D:\\aus\\A_Probe (2).bmp"},
         {"C:\\p\\Bild.alt.bmp", 1, "Ä", "D:\\aus\\Bild.alt_Ä.bmp"},
     };
@@ -68,18 +67,6 @@ class Extraction : public EditorTest {
     }
 };
 
-TEST_F(Extraction, TheCurrentRegionIsCutOutAtOnce) {
-    auto& w = window();
-    save();
-    EXPECT_TRUE(written().empty()) << "no region is chosen";
-    place(1, 3, 5, 7, 4);
-    user::choose(w.cboROI, 1);
-    save();
-    EXPECT_EQ(written(), std::vector<std::string>{"bild1_Kopf.bmp"});
-    EXPECT_EQ(files::read(target() + "\\bild1_Kopf.bmp"), part(1, platform::Rect::at(3, 5, 7, 4)));
-    EXPECT_EQ(w.lblHint.caption(), "Bereich gespeichert: " + target() + "\\bild1_Kopf.bmp");
-}
-
 TEST_F(Extraction, AllRegionsOfAllPicturesAreCutOutWithTheirOwnPixels) {
     auto& w = window();
     place(1, 0, 0, 10, 10);
@@ -101,42 +88,20 @@ TEST_F(Extraction, AllRegionsOfAllPicturesAreCutOutWithTheirOwnPixels) {
     }
 }
 
-/// Four pictures with three regions each; it does something when a region is chosen.
-struct CountingSource : shell::RegionSource {
-    int itemCount() const override { return 4; }
-    int regionCount() const override { return 3; }
-    std::string pictureFile() const override { return picture; }
-    std::int32_t regionState() const override { return region; }
-    std::array<std::string, 4> regionDetails() const override { return {"0", "0", "2", "2"}; }
-    std::string regionName() const override { return "Bereich" + std::to_string(region); }
-    bool isPicture(const std::string&) const override { return false; }
-    void selectRegion(int index) override { region = index, ++selected, act(); }
-    void showFirstPicture() override { steps += "F"; }
-    void showNextPicture() override { steps += "n"; }
-
-    std::string picture, steps;
-    int region = 0, selected = 0;
-    std::function<void()> act;
-};
-
 TEST_F(Extraction, TheDialogCountsTheRegionsAndStopsAfterTheOneInHand) {
-    const struct {
-        int stopAt, value;
-        const char* steps;
-    } cases[] = {{0, 12, "Fnnnn"}, {5, 5, "Fn"}};
-    for (const auto& c : cases) {
+    for (const auto& [stopAt, value, steps] : {std::tuple(0, 12, "Fnnnn"), {5, 5, "Fn"}}) {
         CountingSource source;
         source.picture = picture("Probe", 1);
         shell::frmSave dialog(window().form, source, environment, target());
-        source.act = [&] {
-            if (source.selected == c.stopAt) user::press(dialog.btnCancel);
+        source.act = [&, last = stopAt] {
+            if (source.selected == last) user::press(dialog.btnCancel);
         };
         const user::ModalUser looksOn([](platform::Form&) {});
         dialog.SaveROI(shell::frmSave::allRegionsOfAllPictures);
         EXPECT_EQ(dialog.kvProgressBar1.maximum(), 12);
-        EXPECT_EQ(dialog.kvProgressBar1.value(), c.value);
+        EXPECT_EQ(dialog.kvProgressBar1.value(), value);
         EXPECT_EQ(dialog.lblROIName.caption(), "Bereich" + std::to_string(source.region));
-        EXPECT_EQ(source.steps, c.steps);
+        EXPECT_EQ(source.steps, steps);
         EXPECT_FALSE(dialog.form.visible());
     }
 }
@@ -156,18 +121,6 @@ TEST_F(Extraction, ARunThatIsClosedEndsAfterTheRegionInHandAndKeepsWhatIsWritten
     EXPECT_EQ(written(), (std::vector<std::string>{"bild1_Fuß.bmp", "bild1_Kopf.bmp", "bild2_Kopf.bmp"}));
     EXPECT_EQ(current(), 2);
     EXPECT_TRUE(w.form.loaded());
-}
-
-TEST_F(Extraction, ATargetThatCannotBeWrittenIsToldOnceAndEndsTheRun) {
-    auto& w = window();
-    folder.write("Aus", "a file where the directory should be");
-    const user::ModalUser looksOn([](platform::Form&) {});
-    choose("btnSaveAllROI2");
-    w.GoToItem(3);
-    save();
-    EXPECT_EQ(current(), 3) << "no picture was stepped to";
-    EXPECT_NE(w.lblHint.caption().find("konnte nicht gespeichert werden"), std::string::npos)
-        << w.lblHint.caption();
 }
 
 TEST_F(Extraction, APictureThatCannotBeReadDoesNotStopTheOthers) {

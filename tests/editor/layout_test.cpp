@@ -50,13 +50,4 @@ TEST_F(Layout, NothingIsCutOffOrOverlapsAtAnySize) {
     }
 }
 
-TEST_F(Layout, ThePictureIsTheBiggestThing) {
-    start();
-    auto& w = window();
-    user::resize(w.form, {1000, 660});
-    const auto area = [](const Control& c) { return c.bounds().width() * c.bounds().height(); };
-    for (const Control* other : controlsIn(w.form))
-        EXPECT_TRUE(other == &w.kvPictureBox1 || area(*other) < area(w.kvPictureBox1)) << other->name();
-}
-
 }  // namespace

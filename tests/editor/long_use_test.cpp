@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 
 #include "editor_fixture.h"
 #include "tests/support/memory.h"

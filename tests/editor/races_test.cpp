@@ -108,6 +108,16 @@ TEST_F(Races, AFolderThatIsGoneWhileItsFilesAreListedIsTold) {
     EXPECT_EQ(w.set().sampleCount(), 1);
 }
 
+TEST_F(Races, AFolderThatGoesInTheMiddleOfItsListingIsNoFault) {
+    for (int i = 0; i < 50; ++i) folder.write("Quelle\\bild" + std::to_string(i) + ".bmp");
+    const auto removeIt = [&](std::size_t entries) {
+        if (entries == 3) removeAll(folder.file("Quelle"));
+        return true;
+    };
+    EXPECT_GE(files::list(folder.file("Quelle"), removeIt).size(), 3U);
+    EXPECT_THROW(files::list(folder.file("Quelle"), removeIt), platform::RuntimeError);
+}
+
 TEST_F(Races, ASetFileThatIsGoneIsSavedAnewWithItsDirectory) {
     pressClass(1);
     removeAll(folder.file("TestSets"));

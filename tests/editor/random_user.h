@@ -2,8 +2,6 @@
 
 #include <optional>
 #include <random>
-#include <string>
-#include <vector>
 
 #include "editor_fixture.h"
 

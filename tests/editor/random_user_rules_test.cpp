@@ -4,7 +4,6 @@
 #include "platform/path.h"
 #include "platform/text.h"
 #include "random_user.h"
-#include "tests/support/user.h"
 
 namespace {
 

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <array>
 #include <atomic>
+#include <string>
 #include <vector>
 
 #include "platform/file_calls.h"
@@ -58,5 +61,19 @@ class Faults {
     std::atomic_flag counting_;
     std::vector<Call> calls_;
 };
+
+/// Acts once for each way to fail and each call that can; `act` says by its last argument whether there were
+/// so many calls. There are more than `least`.
+template <class Ways, class Act>
+void withEach(const Ways& ways, int least, Act act) {
+    for (const Failure& failure : ways) {
+        bool met = true;
+        for (int n = 1; met && !testing::Test::HasFatalFailure(); ++n) {
+            SCOPED_TRACE(std::string(failure.name) + " at call " + std::to_string(n));
+            act(failure, n, met);
+            EXPECT_TRUE(met || n > least);
+        }
+    }
+}
 
 }  // namespace support

@@ -115,12 +115,4 @@ TEST(Files, ErrorsNameTheFileAndTheReason) {
                 testing::MatchesRegex("Die Datei \".*fehlt.kvs\" wurde nicht gefunden: .+"));
 }
 
-TEST(Files, FullPaths) {
-    EXPECT_TRUE(path::isAbsolute(files::fullPath("out.kvs")));
-    EXPECT_EQ(files::fullPath(R"(a\..\out.kvs)"), files::fullPath("./out.kvs"));
-    EXPECT_EQ(files::fullPath("Z:/a/b/"), R"(Z:\a\b)");
-    EXPECT_EQ(files::fullPath(R"(\\server\share\a)"), R"(\\server\share\a)");
-    EXPECT_TRUE(files::directoryExists(files::programDirectory()));
-}
-
 }  // namespace

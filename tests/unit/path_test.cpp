@@ -9,35 +9,6 @@ namespace {
 using namespace platform;
 using std::string;
 
-TEST(Path, Parts) {
-    struct {
-        const char *path, *directory, *name, *stem, *extension;
-    } const cases[] = {
-        {R"(C:\a\b.bmp)", R"(C:\a)", "b.bmp", "b", ".bmp"},
-        {R"(C:\b)", R"(C:\)", "b", "b", ""},
-        {R"(\\server\share\b.JPG)", R"(\\server\share)", "b.JPG", "b", ".JPG"},
-        {"b.tar.gz", "", "b.tar.gz", "b.tar", ".gz"},
-        {R"(a.b\c)", "a.b", "c", "c", ""},
-        {".kvs", "", ".kvs", "", ".kvs"},
-        {"", "", "", "", ""},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(path::directory(c.path), c.directory) << c.path;
-        EXPECT_EQ(path::fileName(c.path), c.name) << c.path;
-        EXPECT_EQ(path::stem(c.path), c.stem) << c.path;
-        EXPECT_EQ(path::extension(c.path), c.extension) << c.path;
-    }
-}
-
-TEST(Path, JoinsWithOneSeparator) {
-    for (const char* directory : {R"(C:\a)", R"(C:\a\)"})
-        for (const char* name : {"b", R"(\b)"}) EXPECT_EQ(path::join(directory, name), R"(C:\a\b)");
-    EXPECT_EQ(path::join("", "b"), "b");
-    EXPECT_EQ(path::withBackslash(R"(C:\a)"), R"(C:\a\)");
-    EXPECT_EQ(path::withBackslash(R"(C:\)"), R"(C:\)");
-    EXPECT_EQ(path::withBackslash(""), R"(\)");
-}
-
 TEST(Path, Normalises) {
     const std::pair<const char*, const char*> cases[] = {
         {"C:/a//b/", R"(C:\a\b)"},
@@ -58,13 +29,6 @@ TEST(Path, Normalises) {
         {"", ""},
     };
     for (const auto& [given, expected] : cases) EXPECT_EQ(path::normalise(given), expected) << given;
-}
-
-TEST(Path, Absolute) {
-    for (const char* yes : {R"(C:\a)", "c:/a", R"(\\server\share)", R"(\a)", "/a"})
-        EXPECT_TRUE(path::isAbsolute(yes)) << yes;
-    for (const char* no : {"", "a", R"(a\b)", "C:", "C:a", R"(1:\a)", R"(..\a)"})
-        EXPECT_FALSE(path::isAbsolute(no)) << no;
 }
 
 TEST(Path, RelativeOnlyBelowTheBase) {

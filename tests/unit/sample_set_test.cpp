@@ -4,6 +4,7 @@
 
 #include "platform/errors.h"
 #include "platform/files.h"
+#include "tests/support/error_of.h"
 #include "tests/support/pictures.h"
 #include "tests/support/temp_folder.h"
 
@@ -13,6 +14,7 @@ using namespace model;
 using platform::RuntimeError;
 namespace files = platform::files;
 using std::string;
+using support::errorOf;
 
 /// A set with everything that a set can have.
 kvTamSampleSet fullSet() {
@@ -92,11 +94,33 @@ TEST(SampleSet, CreatedFromADirectory) {
     EXPECT_FALSE(set.kvtamSamples().Item(1).FileFound());
     ASSERT_EQ(set.kvtamROIs().Count(), 1);
     EXPECT_EQ(set.kvtamROIs().Item(1).Name, "(gesamtes Bild)");
+}
 
-    EXPECT_THROW(set.CreateFromDirectory(folder.file("none")), RuntimeError);
-    EXPECT_EQ(set.kvtamSamples().Count() + set.kvtamClasses().Count() + set.kvtamROIs().Count(), 0);
-    set.CreateFromDirectory(folder.file("empty"));
-    EXPECT_EQ(set.kvtamROIs().Count(), 1);
+TEST(Collections, KeysIgnoreCaseAndAreUnique) {
+    kvtamROIs rois;
+    rois.Add().Name = "without";
+    rois.Add().Name = "without too";
+    rois.Add("Schlüssel").Name = "with";
+    EXPECT_EQ(rois.Item("SCHLÜSSEL").Name, "with");
+    EXPECT_EQ(errorOf([&] { rois.Add("SCHLÜSSEL"); }).number(), platform::error::duplicateKey);
+    EXPECT_EQ(rois.Count(), 3);
+    rois.Remove("schlüssel");
+    EXPECT_EQ(rois.Item(2).Name, "without too");
+    rois.Add("Schlüssel");
+    rois.Remove(3);
+    EXPECT_EQ(errorOf([&] { rois.Item("Schlüssel"); }).number(), platform::error::subscriptOutOfRange);
+}
+
+TEST(Collections, RefuseIndicesOutside) {
+    kvtamSamples samples;
+    samples.Add("a", "");
+    const auto expectRefused = [&](auto place) {
+        EXPECT_EQ(errorOf([&] { samples.Item(place); }).number(), platform::error::subscriptOutOfRange);
+        EXPECT_EQ(errorOf([&] { samples.Remove(place); }).number(), platform::error::subscriptOutOfRange);
+    };
+    for (const std::int32_t position : {0, -1, 2}) expectRefused(position);
+    for (const char* key : {"", "1", "a"}) expectRefused(key);
+    EXPECT_EQ(samples.Count(), 1);
 }
 
 }  // namespace

@@ -1,10 +1,9 @@
 // What a screen reader is told of each control, asked as it asks.
-#include <gtest/gtest.h>
 
 #include "platform/win32/native.h"
 #include "platform/win32/wide.h"
 #include "shell/frmError.h"
-#include "shell/frmSave.h"
+#include "tests/editor/counting_source.h"
 #include "tests/editor/editor_fixture.h"
 
 // They want <windows.h> before them.
@@ -53,19 +52,6 @@ class Accessible : public EditorTest {
             checkAll(*child);
         }
     }
-
-    struct Regions : shell::RegionSource {
-        int itemCount() const override { return 0; }
-        int regionCount() const override { return 0; }
-        std::string pictureFile() const override { return {}; }
-        std::int32_t regionState() const override { return 0; }
-        std::array<std::string, 4> regionDetails() const override { return {}; }
-        std::string regionName() const override { return {}; }
-        bool isPicture(const std::string&) const override { return false; }
-        void selectRegion(int) override {}
-        void showFirstPicture() override {}
-        void showNextPicture() override {}
-    };
 };
 
 TEST_F(Accessible, EveryControlHasANameAndARole) {
@@ -74,7 +60,7 @@ TEST_F(Accessible, EveryControlHasANameAndARole) {
     checkAll(w.form);
     shell::frmError missing(w.form, registry, environment);
     checkAll(missing.form);
-    Regions regions;
+    CountingSource regions;
     const shell::frmSave saving(w.form, regions, environment, {});
     checkAll(saving.form);
 

@@ -1,7 +1,6 @@
 // A day's work by the keyboard alone: real keys to the real program, from a folder of pictures to a saved
 // set.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "model/kvTamSampleSet.h"
 #include "platform/files.h"

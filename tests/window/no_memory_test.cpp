@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <limits>
 #include <new>
-#include <vector>
 
 #include "platform/errors.h"
 #include "platform/picture.h"

@@ -75,20 +75,4 @@ TEST(ProfileFunctions, AnsiProgramsSeeWindows1252) {
     EXPECT_EQ(readAnsi(folder.file("b.kvs"), "s", "k"), text::toWindows1252("Größe € Riß"));
 }
 
-TEST(ProfileFunctions, WhatTheyWriteWeRead) {
-    const support::TempFolder folder;
-    const string file = folder.file("a.kvs");
-    const std::vector<string> texts = {"plain", "Größe €", "a=b;c", "'quoted'x"};
-    for (std::size_t i = 0; i < texts.size(); ++i)
-        ASSERT_TRUE(WritePrivateProfileStringW(L"Class1", std::to_wstring(i + 1).c_str(),
-                                               wide(texts[i]).c_str(), wide(file).c_str()));
-    WritePrivateProfileStringW(nullptr, nullptr, nullptr,
-                               wide(file).c_str());  // empties their cache to the disk
-    const auto document = ProfileDocument::load(file);
-    const auto* section = document.findSection("Class1");
-    ASSERT_NE(section, nullptr);
-    for (std::size_t i = 0; i < texts.size(); ++i)
-        EXPECT_EQ(section->find(static_cast<std::int32_t>(i + 1)), texts[i]);
-}
-
 }  // namespace

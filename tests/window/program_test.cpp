@@ -87,25 +87,41 @@ TEST_F(Day, LabelsGivenByClicksAreInTheSavedFileAndTheEditorComesBackAsItWas) {
     EXPECT_EQ(label("Köpfe", 1), "2");
 }
 
-TEST_F(Day, MissingPicturesAreToldBeforeTheSetIsOpen) {
-    platform::files::remove(folder_.file("Picture\\Maß 3.bmp"));
-    Program stich(program());
-    ASSERT_TRUE(stich.opens());
-    stich.choose("cboSets", 0);
-    const HWND dialog = stich.waitForWindow(L"frmError");
-    ASSERT_NE(dialog, nullptr);
-    stich.press("btnDel", dialog);
-    ASSERT_TRUE(stich.answer("Sind Sie sicher, daß Sie die restlichen Dateien", IDYES));
-    ASSERT_TRUE(waitFor([&] { return stich.rows("lvCItems") == 3; }));
-    stich.press("btnAbbr");
-    EXPECT_EQ(stich.exitCode(), 0);
-}
-
 TEST_F(Day, ASetThatCannotBeOpenedEndsTheProgram) {
     const std::string bad = folder_.write("kaputt.kvs", "[Common]\r\nClasses=1\r\nROIs=-1\r\nItems=1\r\n");
     Program stich(program(), {bad});
     ASSERT_TRUE(stich.answer("Die Stichprobe kann nicht geöffnet werden.", IDOK));
     EXPECT_EQ(stich.exitCode(), 0);
+}
+
+/// The window of a program that is started; what `act` does with it happens before it is closed again.
+RECT started(const ProgramFolder& folder, const std::function<void(HWND)>& act = {}) {
+    Program stich(folder.program());
+    EXPECT_TRUE(stich.opens());
+    RECT bounds{};
+    ::GetWindowRect(stich.window(), &bounds);
+    if (act) act(stich.window());
+    stich.close();
+    EXPECT_EQ(stich.exitCode(), 0);
+    return bounds;
+}
+
+TEST(Placement, TheWindowComesBackWhereItWasOnAScreenThatIsThere) {
+    const ProgramFolder folder(1, {40, 30}, {"gut"});
+    constexpr RECT wanted{60, 40, 860, 640};
+    started(folder, [&](HWND window) {
+        ::SetWindowPos(window, nullptr, wanted.left, wanted.top, wanted.right - wanted.left,
+                       wanted.bottom - wanted.top, SWP_NOZORDER);
+        ::ShowWindow(window, SW_MAXIMIZE);
+    });
+    started(folder, [&](HWND window) {
+        EXPECT_TRUE(::IsZoomed(window));
+        ::ShowWindow(window, SW_RESTORE);
+        ::ShowWindow(window, SW_MINIMIZE);
+    });
+    const RECT again =
+        started(folder, [](HWND window) { EXPECT_FALSE(::IsZoomed(window) || ::IsIconic(window)); });
+    EXPECT_TRUE(::EqualRect(&again, &wanted));
 }
 
 }  // namespace

@@ -1,11 +1,7 @@
 // What a real window does while the program waits.
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "platform/application.h"
-#include "platform/list_view.h"
-#include "platform/timer.h"
 #include "platform/win32/native.h"
 #include "shell/wait_line.h"
 #include "tests/support/user.h"

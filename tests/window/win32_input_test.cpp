@@ -1,12 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
-#include "platform/basic_controls.h"
-#include "platform/form.h"
-#include "platform/list_view.h"
-#include "platform/user_control.h"
 #include "platform/win32/native.h"
 #include "tests/support/user.h"
 #include "tests/support/win32/input.h"
@@ -15,6 +8,53 @@ namespace {
 
 using namespace platform;
 using Events = std::vector<std::string>;
+
+struct BigList : testing::Test {
+    Form form{"frmList", "Liste", {}};
+    ListView list{form, "list", {{"Name", 20}}, {.multiSelect = true}};
+    Events events;
+
+    BigList() {
+        list.move(Rect::at(0, 0, 300, 200));
+        list.cell = [](int row, int) { return (row % 10 == 0 ? "Übung " : "Bild ") + std::to_string(row); };
+        list.onItemClick = [this](int row) { events.push_back("item " + std::to_string(row)); };
+        list.onSelectionChange = [this] { events.push_back("selection"); };
+        list.setCount(100);
+        form.show();
+        list.focus();
+    }
+    void type(const std::wstring& letters) {
+        for (const wchar_t letter : letters) PostMessageW(list.native().window, WM_CHAR, letter, 1);
+        user::pump();
+    }
+    /// As a screen reader or a script selects a row.
+    void selectFromOutside(int index) {
+        LVITEMW item{};
+        item.state = item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+        list.native().send(LVM_SETITEMSTATE, static_cast<WPARAM>(index), &item);
+    }
+};
+
+TEST_F(BigList, FindsARowByTheLettersTyped) {
+    list.selectOnly(15);
+    type(L"ü");
+    EXPECT_EQ(list.firstSelected(), 20);
+    EXPECT_EQ(events, (Events{"selection", "item 20"}));
+    events.clear();
+    type(L"x");
+    EXPECT_EQ(list.firstSelected(), 20) << "no such row";
+    EXPECT_EQ(events, Events{});
+}
+
+TEST_F(BigList, TellsASelectionByKeyOrFromOutsideOnce) {
+    selectFromOutside(6);
+    EXPECT_EQ(list.firstSelected(), 7);
+    EXPECT_EQ(events, (Events{"selection", "item 7"}));
+    events.clear();
+    for (int i = 0; i < 2; ++i) user::key(list, 'A', shiftKey::control);
+    EXPECT_EQ(list.selectedCount(), 100);
+    EXPECT_EQ(events, Events{"selection"}) << "the second time all were selected already";
+}
 
 struct Wheel : testing::Test {
     Form form{"frmWheel", "Rad", {.clientSize = {600, 400}}};
@@ -53,11 +93,6 @@ struct Wheel : testing::Test {
         user::pump();
     }
     int top() { return static_cast<int>(list.native().send(LVM_GETTOPINDEX)); }
-    int left() {
-        SCROLLINFO info{sizeof info, SIF_POS, 0, 0, 0, 0, 0};
-        GetScrollInfo(list.native().window, SB_HORZ, &info);
-        return info.nPos;
-    }
 };
 
 TEST_F(Wheel, TurnsWhatLiesUnderThePointerWhateverHasTheFocus) {
@@ -75,19 +110,6 @@ TEST_F(Wheel, TurnsWhatLiesUnderThePointerWhateverHasTheFocus) {
     EXPECT_EQ(top(), before);
 }
 
-TEST_F(Wheel, TurnsListsSidewaysWithShiftAndKeepsPartsOfAPixel) {
-    box.focus();
-    turn(list, -120, MK_SHIFT);
-    const int notch = left();
-    EXPECT_GT(notch, 10);
-    for (int i = 0; i < 120; ++i) turn(list, -1, MK_SHIFT);
-    EXPECT_EQ(left(), 2 * notch);
-    turn(list, 120, MK_SHIFT);
-    turn(list, -120, MK_CONTROL);
-    EXPECT_EQ(left(), notch);
-    EXPECT_EQ(top(), 0);
-}
-
 TEST_F(Wheel, ChangesNoValueInPassing) {
     for (Control* focused : {static_cast<Control*>(&box), static_cast<Control*>(&slider)}) {
         focused->focus();
@@ -98,19 +120,6 @@ TEST_F(Wheel, ChangesNoValueInPassing) {
         EXPECT_EQ(slider.value(), 50);
     }
     EXPECT_GT(top(), 0);
-}
-
-TEST_F(Wheel, DoesNothingBehindADialog) {
-    Form dialog("frmAbove", "Darüber", {.clientSize = {100, 60}, .dialog = true, .owner = &form});
-    Button button(dialog, "button", "&Gut");
-    button.move(Rect::at(0, 0, 50, 20));
-    dialog.setPlacement("1000 800 120 90");
-    const user::ModalUser person([&](Form&) {
-        turn(list, -120);
-        dialog.hide();
-    });
-    dialog.showModal();
-    EXPECT_EQ(top(), 0);
 }
 
 }  // namespace
