@@ -130,6 +130,8 @@ class ProgressBar : public Control {
     void setValue(int value);   ///< kept within 0 and the maximum
     int maximum() const;
     void setMaximum(int maximum);   ///< 100 at first; at least 1
+    bool marquee() const;
+    void setMarquee(bool on);   ///< a piece runs along instead of the value: nobody knows how far it is
 };
 
 /// A slider. Like the scroll bar it raises `onChange` for every new value, by whatever cause.

@@ -13,7 +13,10 @@ constexpr int lookEvery = 30;
 class Shown {
   public:
     explicit Shown(const WaitLine& line) : line_(line) { line_.show(true); }
-    ~Shown() { line_.show(false); }
+    ~Shown() {
+        line_.bar.setMarquee(false);
+        line_.show(false);
+    }
     Shown(const Shown&) = delete;
     Shown& operator=(const Shown&) = delete;
 
@@ -27,8 +30,10 @@ void showProgress(const WaitLine& line, const std::string& what,
     const int done = progress.done;
     // What is counted without an end in sight is told as a number.
     line.label.setCaption(total > 0 || done == 0 ? what : what + ' ' + std::to_string(done));
+    line.bar.setMarquee(total == 0);
+    if (total == 0) return;
     line.bar.setMaximum(total);
-    line.bar.setValue(total > 0 ? done : 0);
+    line.bar.setValue(done);
 }
 
 }  // namespace

@@ -153,4 +153,12 @@ void ProgressBar::setMaximum(int maximum) {
     setValue(value());
 }
 
+bool ProgressBar::marquee() const {
+    return static_cast<ProgressBarWindow&>(native()).marquee;
+}
+
+void ProgressBar::setMarquee(bool on) {
+    static_cast<ProgressBarWindow&>(native()).marquee = on;
+}
+
 }  // namespace platform

@@ -111,6 +111,7 @@ struct ProgressBarWindow : Control::Native {
     using Native::Native;
     int value = 0;
     int maximum = 100;
+    bool marquee = false;
 };
 
 }  // namespace platform::headless

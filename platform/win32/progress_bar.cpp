@@ -9,6 +9,8 @@ namespace win32 {
 
 namespace {
 
+constexpr LPARAM marqueeStep = 30;  // milliseconds
+
 class ProgressBarWindow final : public Control::Native {
   public:
     ProgressBarWindow(Native* parentWindow, const std::string& controlName)
@@ -29,6 +31,15 @@ class ProgressBarWindow final : public Control::Native {
     void setValue(int wanted) {
         value_ = std::clamp(wanted, 0, maximum_);
         send(PBM_SETPOS, static_cast<WPARAM>(value_));
+    }
+
+    bool marquee() const { return (GetWindowLongW(window, GWL_STYLE) & PBS_MARQUEE) != 0; }
+
+    void setMarquee(bool on) {
+        if (on == marquee()) return;
+        SetWindowLongW(window, GWL_STYLE, GetWindowLongW(window, GWL_STYLE) ^ PBS_MARQUEE);
+        send(PBM_SETMARQUEE, on, marqueeStep);
+        if (!on) setMaximum(maximum_);
     }
 
     bool tabStop() const override { return false; }
@@ -65,6 +76,14 @@ int ProgressBar::maximum() const {
 
 void ProgressBar::setMaximum(int maximum) {
     window(*this).setMaximum(maximum);
+}
+
+bool ProgressBar::marquee() const {
+    return window(*this).marquee();
+}
+
+void ProgressBar::setMarquee(bool on) {
+    window(*this).setMarquee(on);
 }
 
 }  // namespace platform

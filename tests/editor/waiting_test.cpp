@@ -57,6 +57,7 @@ TEST_F(Waiting, ASetThatTakesLongToCheckCanBeGivenUp) {
         told = w.lblWait.caption();
         seen = w.kvPictureBox1.FileName();
         EXPECT_EQ(w.kvProgressBar1.maximum(), 5);
+        EXPECT_FALSE(w.kvProgressBar1.marquee());
         EXPECT_FALSE(w.form.unload()) << "the close box gives up as well, and does not close";
         *slow = false;  // "Probe" is read again
         user::press(w.btnWait);
@@ -213,6 +214,7 @@ TEST_F(Waiting, APictureThatHangsIsGivenUpAndNothingElseIs) {
     disk.hang(true);
     meanwhile([&] {
         EXPECT_EQ(w.lblWait.caption(), "Das Bild wird geladen ...");
+        EXPECT_TRUE(w.kvProgressBar1.marquee());
         EXPECT_FALSE(w.form.unload()) << "the close box gives up as well";
         disk.hang(false);
     });
