@@ -49,7 +49,8 @@ class frmSave {
 
     /// Cuts out and returns when it is done or was stopped; files that were written by then stay.
     void SaveROI(std::int16_t mode);
-    /// Waits for what the window shows next until it has ended: true; or until the dialog was cancelled: false.
+    /// Waits for what the window shows next until it has ended: true; or until the dialog was cancelled:
+    /// false.
     bool waitFor(platform::BackgroundTask& task) const;
     /// How many regions could not be cut out in the last run, and the line that says why the first could not;
     /// empty when a kernel of the suite ran, which reports in `txtOut` only.
