@@ -29,6 +29,7 @@ void frmStich::kvButtonList1_Click(std::int16_t classIndex) {
     if (pressIsUnseen()) return;
     const int row = mListView::GetSelectedIndex(lvCItems);
     if (row == 0) return;
+    if (kvPictureBox1.GivenUp()) return GoToItem(row);  // it was never seen
     label(row, classIndex);
     if (row == set_.sampleCount()) {
         GoToItem(1);
@@ -71,18 +72,22 @@ void frmStich::ListView2_ItemClick(int row) {
 int frmStich::showChosen() {
     for (;;) {
         const int row = mListView::GetSelectedIndex(lvCItems);
-        if (row == 0 || row > set_.sampleCount()) return 0;
+        if (row == 0 || row > set_.sampleCount()) break;
         if (showItem(row)) return row;
     }
+    ShowInfoLine();  // of a picture that is none of the set's any more
+    return 0;
 }
 
-// False when another item was chosen meanwhile, or this one removed.
+// False when another item was chosen meanwhile, or this one removed, or the set is another one.
 bool frmStich::showItem(int row) {
+    const std::string file = ItemPath(row);
     const auto isChosen = [&] {
-        return mListView::GetSelectedIndex(lvCItems) == row && row <= set_.sampleCount();
+        return mListView::GetSelectedIndex(lvCItems) == row && row <= set_.sampleCount() &&
+               ItemPath(row) == file;
     };
     const platform::application::WaitCursor wait;
-    showPicture(ItemPath(row));
+    showPicture(file);
     seenAt_ = platform::application::inputTime();
     if (!isChosen()) return false;
     const int before = std::exchange(shownRow_, row);

@@ -61,7 +61,7 @@ void frmStich::runShow(bool run) {
 // may stop the show.
 void frmStich::Timer2_Tick() {
     const int count = lvCItems.count();
-    if (count == 0) return;
+    if (count == 0 || form.blocked()) return;  // a question is answered first
     const int row = mListView::GetSelectedIndex(lvCItems);
     Timer2.setEnabled(false);
     platform::application::guard([&] { GoToItem(row == count ? 1 : row + 1); });

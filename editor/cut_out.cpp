@@ -27,8 +27,9 @@ void frmStich::saveAsTagged() {
 
 void frmStich::saveRegions(std::int16_t mode) {
     if (frmSave_ || !FileExists(shell::programFile(environment_, shell::extractionScript))) return;
-    if (showingItem_) return platform::application::beep();  // the picture is not the one that is seen
-    moveRegion();                                            // a number that is still being typed
+    // The picture is not the one that is seen.
+    if (showingItem_ || kvPictureBox1.GivenUp()) return platform::application::beep();
+    moveRegion();  // a number that is still being typed
     shell::frmSave dialog(form, *this, environment_, PathROI_);
     for (const auto& image : toolbarImages(iconStyle_.size, iconStyle_.barGround)) {
         if (image.key == Toolbar1.button(Toolbar1.indexOf("btnSave")).tag) dialog.form.setIcon(image.icon);

@@ -15,9 +15,12 @@ bool frmStich::waitFor(const std::string& what, platform::BackgroundTask& task) 
 // Who gives up one picture does not want the next one to come on its own.
 bool frmStich::waitForPicture(platform::BackgroundTask& task) {
     if (frmSave_ && frmSave_->form.visible()) return frmSave_->waitFor(task);
-    if (waitFor("Das Bild wird geladen ...", task)) return true;
-    if (showRuns_) runShow(false);
-    return false;
+    // Nor does he give up the set that is being opened with it.
+    const bool setGivenUp = searching_ && waitGivenUp_;
+    const bool came = !setGivenUp && waitFor("Das Bild wird geladen ...", task);
+    waitGivenUp_ = setGivenUp;
+    if (!came && showRuns_) runShow(false);
+    return came;
 }
 
 void frmStich::showWaiting(bool waiting) {

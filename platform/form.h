@@ -49,6 +49,8 @@ class Form : public Container {
     /// good. True when it is gone (also when it was already). A running Application ends with its form.
     bool unload();
     bool loaded() const;
+    /// Whether a message, one of the system's dialogs or a modal form stands before it and takes its input.
+    bool blocked() const;
 
     /// Smaller than this (outer size, pixels) the user cannot make it. Dialogs use it; the main window has
     /// its Subclassing answer for it.

@@ -71,6 +71,8 @@ class kvPictureBox : public platform::UserControl {
 
     /// True while the picture on the screen is not the file asked for.
     bool Failed() const { return !failure_.empty(); }
+    /// Whether it has not been seen because the wait for it was given up.
+    bool GivenUp() const { return givenUp_; }
     /// Bits per pixel of the file on the screen, as its format counts them; 0 when unknown.
     int pictureDepth() const { return depth_; }
 

@@ -68,6 +68,10 @@ bool Form::loaded() const {
     return window(*this).loaded;
 }
 
+bool Form::blocked() const {
+    return window(*this).modalAbove > 0;
+}
+
 void Form::setMinimumSize(Size size) {
     window(*this).minimum = size;
 }

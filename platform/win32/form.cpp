@@ -56,6 +56,10 @@ void Form::setMinimumSize(Size size) {
     window(*this).setMinimumSize(size);
 }
 
+bool Form::blocked() const {
+    return window(*this).enabled && !IsWindowEnabled(native().window);
+}
+
 std::string Form::placement() const {
     return window(*this).placement();
 }

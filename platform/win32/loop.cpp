@@ -70,6 +70,14 @@ bool isFrameKey(const MSG& message) {
            (message.message == WM_SYSCHAR && message.wParam == L' ');
 }
 
+/// What is done once and on purpose.
+bool isPress(const MSG& message) {
+    const bool again = (message.lParam & 1 << 30) != 0;
+    const bool modifies = message.wParam == VK_SHIFT || message.wParam == VK_CONTROL;
+    return message.message == WM_LBUTTONDOWN || message.message == WM_RBUTTONDOWN ||
+           (message.message == WM_KEYDOWN && !again && !modifies && message.wParam != VK_ESCAPE);
+}
+
 const Control::Native* waitFrame = nullptr;
 struct {
     const Control::Native* frame;  // to be compared only
@@ -139,6 +147,8 @@ bool handlePendingFor(Control::Native& only) {
         } else if (isFrameKey(meant) && IsChild(top, meant.hwnd)) {
             TranslateMessage(&meant);
             DefWindowProcW(top, meant.message, meant.wParam, meant.lParam);
+        } else if (isPress(meant)) {
+            MessageBeep(MB_OK);  // as for a click on a window that is blocked
         }
     });
     return escape;

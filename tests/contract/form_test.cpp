@@ -101,6 +101,7 @@ TEST(ModalForm, KeepsInputFromItsOwnerUntilItIsLeft) {
                 EXPECT_EQ(&form, &d.dialog);
                 EXPECT_TRUE(user::reachable(d.btnDialog));
                 EXPECT_FALSE(user::reachable(d.btnOwner));
+                EXPECT_TRUE(d.form.blocked());
                 leave(d);
             });
             d.dialog.showModal();
@@ -108,6 +109,7 @@ TEST(ModalForm, KeepsInputFromItsOwnerUntilItIsLeft) {
         EXPECT_EQ(shown, 1);
         EXPECT_FALSE(d.dialog.visible());
         EXPECT_TRUE(user::reachable(d.btnOwner));
+        EXPECT_FALSE(d.form.blocked());
     }
 }
 

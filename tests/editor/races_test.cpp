@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "editor_fixture.h"
+#include "platform/application.h"
 #include "tests/support/pictures.h"
 
 namespace {
@@ -144,6 +145,32 @@ TEST_F(Races, ASetThatCannotBeReadAgainStaysOpenAsItIs) {
         EXPECT_FALSE(w.unchanged()) << "it is nowhere but here";
         w.GoToItem(1);
     }
+}
+
+// The row is chosen still, but it is another item's.
+TEST_F(Races, AnItemThatTakesTheChosenRowMeanwhileIsTheOneThatIsSeen) {
+    auto& w = window();
+    const auto onTheWay = [&w](const std::function<void()>& act) {
+        platform::application::post(
+            w.form, [&w, act] { platform::application::post(w.form, act); });  // in the second pump
+    };
+    onTheWay([&] {
+        w.ListView2.selectOnly(2);
+        w.btnR_Click();
+        w.lvCItems.selectOnly(3);
+        w.lvCItems_ItemClick(3);
+    });
+    w.GoToItem(3);
+    user::pump();
+    EXPECT_EQ(w.kvPictureBox1.FileName(), picture("Probe", 4));
+
+    w.GoToItem(3);
+    messages.expectPart("Änderungen in", message::no);
+    onTheWay([&] { openByChooser("Andere"); });
+    w.GoToItem(1);
+    user::pump();
+    EXPECT_EQ(w.set().sampleCount(), 1);
+    EXPECT_EQ(w.kvPictureBox1.FileName(), picture("Andere", 1));
 }
 
 }  // namespace
