@@ -38,12 +38,16 @@ void kvPictureBox::LoadPic(std::string FileName) {
         if (Failed() && onLoadFailed) onLoadFailed(failure_);
         return;
     }
+    // The picture before stayed on the screen for the one that was given up: no disk need be asked for it.
+    const bool isSeen = givenUp_ && shown_ && shown_->fileName == FileName;
     fileName_ = std::move(FileName);
     givenUp_ = false;
     const std::uint32_t load = ++loads_;
     platform::application::doEvents();
     // A later wish has been fulfilled by now, or whoever waits for the one before comes to this one.
-    if (load == loads_ && !waiting_) loadFile();
+    if (load != loads_ || waiting_) return;
+    if (isSeen) return loaded(*shown_);
+    loadFile();
 }
 
 void kvPictureBox::Expect(std::vector<std::string> FileNames) {

@@ -234,6 +234,25 @@ TEST_F(Waiting, APictureThatHangsIsGivenUpAndNothingElseIs) {
     EXPECT_EQ(current(), 5);
 }
 
+TEST_F(Waiting, ThePictureThatStayedOnTheScreenIsThereAtOnce) {
+    restart();
+    auto& w = window();
+    support::HangingDisk disk;
+    openByChooser("Fern");
+    disk.hang(true);
+    meanwhile([&] { user::press(w.btnWait); });
+    w.GoToItem(4);
+    bool waited = false;
+    meanwhile([&] {
+        waited = true;
+        user::press(w.btnWait);
+    });
+    w.GoToItem(1);
+    EXPECT_FALSE(waited);
+    EXPECT_EQ(hint(), "");
+    EXPECT_EQ(w.kvPictureBox1.FileName(), picture("Fern", 1));
+}
+
 TEST_F(Waiting, AFirstPictureThatHangsIsGivenUpWithoutItsSet) {
     auto& w = window();
     support::HangingDisk disk;
