@@ -169,6 +169,29 @@ TEST_F(PictureBoxMouse, TakesHandlesWithTheRightButtonButNotTheInside) {
     EXPECT_THAT(raised(), ElementsAre("move 1: 30 30 50 40"));
 }
 
+TEST_F(PictureBoxMouse, KeepsRegionsWhereTheyMayNotBeMoved) {
+    load({{10, 10, 40, 40}, {60, 10, 40, 40}});
+    select(1);
+    box.AllowROImove(false);
+    press({20, 20});
+    EXPECT_EQ(box.pointer(), Pointer::arrow) << "no move is promised";
+    release();
+    raised();
+    for (const Point p : {Point{20, 20}, {6, 6}, {70, 20}}) {
+        press(p);
+        drag({p.x + 5, p.y});
+        release();
+    }
+    user::key(box, keyCode::right);
+    EXPECT_THAT(raised(),
+                ElementsAre("select 1: 10 10 40 40", "select 1: 10 10 40 40", "select 2: 60 10 40 40"));
+    EXPECT_EQ(offset(), (Point{0, 0}));
+    box.AllowROImove(true);
+    box.ShowROIs(false);
+    pressAndDrag({70, 20}, {50, 20});
+    EXPECT_EQ(box.ROI(), 0) << "what is not seen cannot be picked";
+}
+
 TEST_F(PictureBoxMouse, ShowsWhatAPressWouldDo) {
     load({{50, 50, 10, 10}, {60, 40, 40, 30}, {120, 40, 20, 20}});
     select(2);
@@ -259,6 +282,31 @@ TEST_F(PictureBoxMouse, MovesAndSizesWithTheArrowKeys) {
     EXPECT_LT(box.OffsetX(), -200);
     for (int i = 0; i < 30; ++i) user::key(box, keyCode::left);
     EXPECT_EQ(box.OffsetX(), -190) << "the view goes along";
+}
+
+// Only the bands around a dragged region are drawn: marks that are put on the screen elsewhere stay.
+TEST_F(PictureBoxMouse, TouchesOnlyTheBandsDuringADrag) {
+    constexpr platform::Colour mark = 0xFF00FF;
+    for (int i = 0; i < 10; ++i) load({{15 * i, 8 * i, 60, 40}});
+    select(5);
+    press({70, 45});
+    user::pump();
+    box.draw([&](platform::Canvas& canvas) { canvas.fill({0, 0, 200, 100}, mark); });
+    const Rect before = box.regionRect(5);
+    user::mouseMove(box, held, 0, {90, 50});
+    const Rect after = box.regionRect(5);
+    const user::Picture screen = user::screen(box), whole = user::printed(box);
+    const auto inBands = [](const Rect& r, Point p) {
+        const Rect outer{r.left - 8, r.top - 8, r.right + 8, r.bottom + 8};
+        const Rect inner{r.left + 1, r.top + 1, r.right - 1, r.bottom - 1};
+        return outer.contains(p) && !inner.contains(p);
+    };
+    for (int y = 0; y < 100; ++y)
+        for (int x = 0; x < 200; ++x) {
+            const Point p{x, y};
+            const bool drawn = inBands(before, p) || inBands(after, p);
+            ASSERT_EQ(screen.at(p), drawn ? whole.at(p) : mark) << x << ", " << y;
+        }
 }
 
 }  // namespace

@@ -59,10 +59,18 @@ TEST(BitmapHeader, IsReadInEveryVersionAndRefusedWhereItIsNone) {
         {"OS/2 has no negative numbers", bitmap(12, 65535, 40000, 1), 1, {65535, 40000}},
         {"version 4", bitmap(108, 640, 480, 16), 16},
         {"too large for so short a file", bitmap(40, 30000, 30000, 24)},
+        {"empty", ""},
         {"another kind", "BA" + good.substr(2)},
+        {"one byte short", good.substr(0, good.size() - 1)},
+        {"header before the shortest", bitmap(15, 640, 480, 24)},
+        {"header between the versions", bitmap(13, 640, 480, 24)},
         {"header behind the longest", bitmap(125, 640, 480, 24)},
         {"negative width", bitmap(40, -640, 480, 24)},
         {"height that has no positive", bitmap(40, 640, least, 24)},
+        {"no width", bitmap(40, 0, 480, 24)},
+        {"no height", bitmap(40, 640, 0, 24)},
+        {"OS/2 without width", bitmap(12, 0, 480, 24)},
+        {"OS/2 without height", bitmap(12, 640, 0, 24)},
     };
     for (const Case& c : cases) expectRead(c, readBitmapHeader);
 }
@@ -92,6 +100,8 @@ TEST(JpegHeader, IsReadWhereverTheFrameStandsAndRefusedWithoutASize) {
     const std::string good = frame(0xC0, {640, 480});
     const Case cases[] = {
         {"at once", soi + good, 24},
+        {"progressive", soi + frame(0xC2, {640, 480}), 24},
+        {"the last kind", soi + frame(0xCF, {640, 480}), 24},
         {"grey", soi + frame(0xC0, {640, 480}, 1), 8},
         {"four colours of 12 bits", soi + frame(0xC1, {640, 480}, 4, 12), 48},
         {"behind tables that have frames' numbers",
@@ -102,9 +112,15 @@ TEST(JpegHeader, IsReadWhereverTheFrameStandsAndRefusedWithoutASize) {
         {"behind fill bytes and stray ones",
          soi + "\xFF\xFF" + segment(0xE0, 14) + std::string("\0\0ab\xFF\0", 6) + good, 24},
         {"too large for so short a file", soi + frame(0xC0, {65535, 65500})},
+        {"empty", ""},
+        {"one byte short", soi + good.substr(0, good.size() - 1)},
         {"no height (it would follow the pixels)", soi + frame(0xC0, {640, 0})},
+        {"no width", soi + frame(0xC0, {0, 480})},
+        {"no components", soi + frame(0xC0, {640, 480}, 0)},
+        {"no precision", soi + frame(0xC0, {640, 480}, 3, 0)},
         {"frame shorter than its components", soi + frame(0xC0, {640, 480}, 3, 8, 16)},
         {"the pixels start first", soi + segment(0xDA, 10) + good},
+        {"the file ends first", soi + "\xFF\xD9" + good},
         {"a segment without room for its length", soi + std::string("\xFF\xE0\0\1", 4) + good},
         {"a segment behind the end", soi + segment(0xE1, 60000).substr(0, 50)},
     };

@@ -7,6 +7,7 @@
 namespace {
 
 using namespace controls;
+using platform::Rect;
 using platform::Size;
 
 constexpr int inner = 217, bar = 17;  // so the view is 200
@@ -34,6 +35,25 @@ TEST(ViewAxis, CentresWhatFitsAndScrollsTheRest) {
     const AxisView tiny = viewAxis(50, 5, bar, 0);
     EXPECT_EQ(tiny.maximum, 62) << "a control smaller than its scroll bar";
     EXPECT_GE(tiny.largeChange, 1);
+}
+
+TEST(ViewStretched, KeepsTheAspectRatioBetweenTwoBands) {
+    const struct {
+        Size inner, picture;
+        Rect place, first, second;
+    } cases[] = {
+        {{100, 100}, {50, 25}, {0, 25, 100, 75}, {0, 0, 100, 25}, {0, 75, 100, 100}},
+        {{100, 100}, {25, 50}, {25, 0, 75, 100}, {0, 0, 25, 100}, {75, 0, 100, 100}},
+        {{100, 99}, {50, 25}, {0, 24, 100, 74}, {0, 0, 100, 24}, {0, 74, 100, 99}},     // 24.5 and 74.5
+        {{10, 300}, {4000, 3}, {0, 150, 10, 150}, {0, 0, 10, 150}, {0, 150, 10, 300}},  // less than a line
+    };
+    for (const auto& c : cases) {
+        const auto view = viewStretched(c.inner, c.picture);
+        ASSERT_TRUE(view);
+        EXPECT_EQ(view->picture, c.place) << c.inner.width << " x " << c.inner.height;
+        EXPECT_EQ(view->bands[0], c.first) << c.inner.width << " x " << c.inner.height;
+        EXPECT_EQ(view->bands[1], c.second) << c.inner.width << " x " << c.inner.height;
+    }
 }
 
 // Nothing is erased before a repaint, so a line that neither the picture nor a band covers would stay.

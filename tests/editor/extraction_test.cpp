@@ -67,6 +67,17 @@ class Extraction : public EditorTest {
     }
 };
 
+TEST_F(Extraction, TheCurrentRegionIsCutOutAtOnce) {
+    auto& w = window();
+    save();
+    EXPECT_TRUE(written().empty() && w.lblHint.caption().empty()) << "no region is chosen";
+    place(1, 3, 5, 7, 4);
+    user::choose(w.cboROI, 1);
+    save();
+    EXPECT_EQ(written(), std::vector<std::string>{"bild1_Kopf.bmp"});
+    EXPECT_EQ(files::read(target() + "\\bild1_Kopf.bmp"), part(1, platform::Rect::at(3, 5, 7, 4)));
+}
+
 TEST_F(Extraction, AllRegionsOfAllPicturesAreCutOutWithTheirOwnPixels) {
     auto& w = window();
     place(1, 0, 0, 10, 10);
@@ -121,6 +132,18 @@ TEST_F(Extraction, ARunThatIsClosedEndsAfterTheRegionInHandAndKeepsWhatIsWritten
     EXPECT_EQ(written(), (std::vector<std::string>{"bild1_Fuß.bmp", "bild1_Kopf.bmp", "bild2_Kopf.bmp"}));
     EXPECT_EQ(current(), 2);
     EXPECT_TRUE(w.form.loaded());
+}
+
+TEST_F(Extraction, ATargetThatCannotBeWrittenIsToldOnceAndEndsTheRun) {
+    auto& w = window();
+    folder.write("Aus", "a file where the directory should be");
+    const user::ModalUser looksOn([](platform::Form&) {});
+    choose("btnSaveAllROI2");
+    w.GoToItem(3);
+    save();
+    EXPECT_EQ(current(), 3) << "no picture was stepped to";
+    EXPECT_NE(w.lblHint.caption().find("konnte nicht gespeichert werden"), std::string::npos)
+        << w.lblHint.caption();
 }
 
 TEST_F(Extraction, APictureThatCannotBeReadDoesNotStopTheOthers) {

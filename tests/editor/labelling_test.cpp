@@ -43,6 +43,23 @@ TEST_F(Labelling, WhatIsNotASeenItemOfTheSetIsNotLabelled) {
     EXPECT_EQ(w.ItemClasses(2, 0), 2) << "the row clicked in the file list is the one that is seen";
 }
 
+TEST_F(Labelling, ARangeOfFilesBringsNoPicture) {
+    auto& w = window();
+    folder.write("Quelle\\fremd.bmp", platform::files::read(w.ItemPath(1)));
+    w.browse(folder.file("Quelle"));
+    user::clickRow(w.ListView2, 2);
+    const std::function<void()> ranges[] = {
+        [&] { user::clickRow(w.ListView2, 3, platform::shiftKey::shift); },
+        [&] { user::key(w.ListView2, platform::keyCode::up, platform::shiftKey::shift); },
+        [&] { user::clickRow(w.ListView1, 1, platform::shiftKey::shift); },
+    };
+    for (const auto& choose : ranges) {
+        choose();
+        EXPECT_EQ(w.kvPictureBox1.FileName(), w.ItemPath(2));
+        EXPECT_EQ(current(), 2);
+    }
+}
+
 TEST_F(Labelling, TheToolbarStepsRoundTheSetAndWhatComesNextIsFetched) {
     auto& w = window();
     const struct {
@@ -78,6 +95,20 @@ TEST_F(Labelling, TheShowRunsUntilItIsStopped) {
     EXPECT_FALSE(w.Timer2.enabled());
     EXPECT_TRUE(w.Toolbar1.enabled(6));
     EXPECT_FALSE(w.Toolbar1.enabled(7));
+}
+
+TEST_F(Labelling, APictureThatCannotBeReadIsNamed) {
+    auto& w = window();
+    platform::files::replace(w.ItemPath(2), "BM");
+    user::clickRow(w.lvCItems, 2);
+    EXPECT_EQ(w.lblHint.caption().substr(0, 11), "bild2.bmp: ");
+    EXPECT_TRUE(w.lblHint.visible());
+    EXPECT_EQ(w.txtSize.text(), "");
+    user::clickRow(w.lvCItems, 3);
+    EXPECT_EQ(w.lblHint.caption(), "");
+    EXPECT_FALSE(w.lblHint.visible());
+    user::check(w.chkStretch, true);
+    EXPECT_TRUE(w.kvPictureBox1.Stretch());
 }
 
 // What arrives while the next picture is on its way.

@@ -77,6 +77,16 @@ TEST_F(Regions, ANewOneIsNamedShownChosenAndCanBeNamedAtOnce) {
     EXPECT_NE(rectangle(1), rectangle(2));
 }
 
+TEST_F(Regions, ASetWithoutPicturesGetsNone) {
+    auto& w = window();
+    user::selectTab(w.TabStrip1, 1);
+    user::press(w.btnRA);
+    user::selectTab(w.TabStrip1, 3);
+    messages.expectPart("Sie haben keine Stichprobenelemente festgelegt.");
+    user::press(w.btnROINew);
+    EXPECT_EQ(w.set().regionCount(), 0);
+}
+
 TEST_F(Regions, OneThatCouldNotBeSeenWhenFittedIsShownAtFullSize) {
     auto& w = window();
     user::check(w.chkStretch, true);

@@ -82,10 +82,12 @@ TEST_F(Switching, SavingAsksForANameForFilesAndForAStorableName) {
     user::press(w.btnSave);
     EXPECT_EQ(messages.shown().back().codes, 48);
     openByChooser("A");
-    user::type(w.cboSets, "..\\weg");
-    messages.expectPart("kann nicht verwendet werden");
-    user::press(w.btnSave);
-    EXPECT_FALSE(w.unchanged());
+    for (const char* bad : {"a/b", "..\\weg", "nul", "Ende.", "Ende ", "x:y", "was?", "a\tb"}) {
+        user::type(w.cboSets, bad);
+        messages.expectPart("kann nicht verwendet werden");
+        user::press(w.btnSave);
+        EXPECT_FALSE(w.unchanged()) << bad;
+    }
 }
 
 TEST_F(Switching, ANewNameIsListedAndBecomesTheCurrentOne) {
@@ -202,6 +204,21 @@ TEST_F(Missing, ClosingTheProgramBehindTheDialogIsNoFault) {
     user::ModalUser dialog([this](platform::Form&) { window().form.unload(); });
     openByChooser("A");
     EXPECT_FALSE(window().form.loaded());
+}
+
+TEST_F(Missing, OneFoundFileBringsItsNeighbours) {
+    support::DialogScript files;
+    files.answer("").answer(folder.file("Umzug\\bild2.bmp"));
+    messages.expect("Alle Elemente konnten erfolgreich zugewiesen werden.");
+    int calls = 0;
+    user::ModalUser dialog(
+        [&](platform::Form& form) { presses(++calls <= 2 ? "btnSearch" : "btnAbbr")(form); });
+    openByChooser("A");
+    ASSERT_EQ(files.requests().size(), 2u) << "the first was given up";
+    EXPECT_EQ(files.requests()[0].fileName, "bild2.bmp");
+    ASSERT_EQ(window().set().sampleCount(), 4);
+    EXPECT_EQ(window().ItemPath(3), folder.file("Umzug\\bild3.bmp"));
+    EXPECT_FALSE(window().unchanged()) << "the new places are not saved yet";
 }
 
 TEST_F(Missing, WhatIsNotFoundCanBeSearchedAgainOrRemoved) {

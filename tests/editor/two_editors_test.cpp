@@ -116,6 +116,13 @@ TEST_F(TwoEditors, NobodyIsAskedAboutWhatHeWroteHimselfOrWhatIsNotThere) {
     pressClass(1);
     messages.expect(overwrite);
     EXPECT_TRUE(save()) << "what was read last counts";
+
+    user::type(window().cboSets, "Neu");
+    EXPECT_TRUE(save());
+    makeSet("Neu", {.pictures = 9});
+    pressClass(1);
+    messages.expectPart("\"Neu.kvs\" wurde von anderer Seite", message::cancel);
+    EXPECT_FALSE(save()) << "a set that was named here is known from then on";
 }
 
 // The other one saves in the very moment in which the file is read: as soon as it is open, or just before,

@@ -5,6 +5,8 @@
 #include <algorithm>
 
 #include "platform/files.h"
+#include "platform/win32/handle.h"
+#include "platform/win32/wide.h"
 #include "program.h"
 
 namespace {
@@ -84,10 +86,17 @@ TEST_F(NotifySuite, TellsThoseThatAnswerOnceASaveAndDoesNotWaitForTheOthers) {
     EXPECT_THAT(told(busy_), Each(0));
     EXPECT_THAT(told(apart_), Each(0));
     const auto counts = told(listening_);
+    {
+        const platform::win32::UniqueHandle held(::CreateFileW(
+            platform::wide(folder_.setFile()).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+        stich_.press("btnSave");
+        ASSERT_TRUE(stich_.answer("Vorhandene Datei überschreiben?", IDOK));
+        ASSERT_TRUE(stich_.answer("konnte nicht gespeichert werden", IDOK));
+    }
     stich_.close();
     ASSERT_TRUE(stich_.answer("Änderungen speichern?", IDNO));
     EXPECT_EQ(stich_.exitCode(), 0);
-    EXPECT_EQ(told(listening_), counts) << "a save that was given up tells nobody";
+    EXPECT_EQ(told(listening_), counts) << "a save that failed or was given up tells nobody";
 }
 
 }  // namespace

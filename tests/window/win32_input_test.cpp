@@ -93,6 +93,7 @@ struct Wheel : testing::Test {
         user::pump();
     }
     int top() { return static_cast<int>(list.native().send(LVM_GETTOPINDEX)); }
+    int left() { return GetScrollPos(list.native().window, SB_HORZ); }
 };
 
 TEST_F(Wheel, TurnsWhatLiesUnderThePointerWhateverHasTheFocus) {
@@ -108,6 +109,16 @@ TEST_F(Wheel, TurnsWhatLiesUnderThePointerWhateverHasTheFocus) {
     turn(inner, 120);
     EXPECT_EQ(events, (Events{"-30 1 20,15", "-240 1 20,15", "120 0 120,115"})) << "to the right is on";
     EXPECT_EQ(top(), before);
+}
+
+TEST_F(Wheel, TurnsListsSidewaysWithShiftAndKeepsPartsOfAPixel) {
+    box.focus();
+    turn(list, -120, MK_SHIFT);
+    const int notch = left();
+    EXPECT_GT(notch, 10);
+    for (int i = 0; i < 120; ++i) turn(list, -1, MK_SHIFT);
+    EXPECT_EQ(left(), 2 * notch);
+    EXPECT_EQ(top(), 0);
 }
 
 TEST_F(Wheel, ChangesNoValueInPassing) {

@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "platform/background_task.h"
+#include "platform/errors.h"
 #include "platform/files.h"
 #include "platform/picture.h"
 #include "platform/win32/handle.h"
+#include "tests/support/error_of.h"
 #include "tests/support/pictures.h"
 #include "tests/support/temp_folder.h"
 
@@ -57,6 +59,22 @@ TEST(Decoder, WorksOnOtherThreads) {
     EXPECT_EQ(ole & 0xFFFFFF, 0xAABBCCu);
     for (int patience = 500; patience > 0 && win32::liveHandles() != handles; --patience) ::Sleep(10);
     EXPECT_EQ(win32::liveHandles(), handles) << "the thread's decoder is gone with it";
+}
+
+TEST(Decoder, SaysWhyItRefuses) {
+    const support::TempFolder folder;
+    const std::string jpeg = support::smallJpeg();
+    const std::string bitmap = support::trueColourBitmap({16, 16}, support::distinctColour);
+    const std::pair<const char*, std::string> cases[] = {{"unbekanntes Bildformat", "kein Bild"},
+                                                         {"beschädigt", jpeg.substr(0, jpeg.size() / 2)},
+                                                         {"", bitmap.substr(0, bitmap.size() - 100)}};
+    for (const auto& [reason, content] : cases) {
+        const std::string file = folder.write("Ölfilm.jpg", content);
+        Surface surface({8, 8});
+        const auto error = support::errorOf([&] { decodePicture(file, surface, {0, 0, 8, 8}); });
+        EXPECT_EQ(error.number(), error::badPicture) << reason;
+        EXPECT_NE(error.description().find(reason), std::string::npos) << error.description();
+    }
 }
 
 }  // namespace

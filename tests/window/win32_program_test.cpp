@@ -75,6 +75,46 @@ TEST(ControlIds, AreUnique) {
     win32::setUnlistedControl(refused);
 }
 
+/// A window with one of everything, used a little.
+void openAndClose() {
+    Form form("frmHandles", "Griffe", {});
+    Panel panel(form, "panel");
+    TabStrip tabs(form, "tabs", {"Eins"});
+    Button button(panel, "button", "&Los");
+    ListView list(panel, "list", {{"Name", 10}}, {});
+    Toolbar toolbar(form, "toolbar");
+    UserControl drawing(form, "drawing", "kvHandles");
+    Timer timer(form);
+    const IconImage icon{16, std::vector<std::uint32_t>(256, 0xFF00FF00)};
+    list.setIcons({icon});
+    list.setIcons({icon, icon});
+    toolbar.setImages({{"a", icon}});
+    toolbar.add({"a", "Los", "", {}});
+    button.setFont({.face = "Segoe UI", .bold = true});
+    button.setBackColour(0xFF);
+    button.setToolTip("Hinweis");
+    drawing.move(Rect::at(0, 0, 20, 20));
+    drawing.onPaint = [](Canvas& canvas) {
+        const Surface surface({4, 4});
+        canvas.copy({0, 0, 4, 4}, surface, {});
+    };
+    timer.setInterval(1000);
+    timer.setEnabled(true);
+    form.show();
+    const RECT suggested{0, 0, 300, 200};
+    form.native().send(WM_DPICHANGED, MAKEWPARAM(144, 144), &suggested);
+    user::pump();
+    form.unload();
+}
+
+TEST(Handles, AreAllGivenBackByAWindowThatIsGone) {
+    openAndClose();
+    const int before = win32::liveHandles();
+    for (int i = 0; i < 100; ++i) openAndClose();
+    EXPECT_EQ(win32::liveHandles(), before);
+    EXPECT_EQ(FindWindowW(L"frmHandles", nullptr), nullptr);
+}
+
 TEST(CommandLine, IsAPathWhoeverQuotedIt) {
     const support::TempFolder folder;
     const std::string blanks = folder.write("eine Stichprobe Größe.kvs", "x");
