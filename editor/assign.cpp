@@ -1,11 +1,11 @@
 // Labelling: showing an item, giving it a class with one click, and the lines that tell what is shown.
 #include <utility>
 
-#include "editor/flagged.h"
 #include "editor/frmStich.h"
 #include "editor/mListView.h"
 #include "model/set_file_names.h"
 #include "platform/application.h"
+#include "platform/flagged.h"
 #include "platform/path.h"
 #include "platform/text.h"
 
@@ -53,7 +53,7 @@ void frmStich::GoToItem(int row) {
 
 void frmStich::lvCItems_ItemClick(int) {
     if (showingItem_) return;  // who is showing one comes to it
-    const Flagged showing(showingItem_);
+    const platform::Flagged showing(showingItem_);
     platform::application::doEvents();
     if (const int row = showChosen()) ListView2.selectOnly(row);
 }
@@ -63,7 +63,7 @@ void frmStich::ListView2_ItemClick(int row) {
     // The picture on the screen is the one that a class button labels.
     lvCItems.selectOnly(row);
     if (showingItem_) return;
-    const Flagged showing(showingItem_);
+    const platform::Flagged showing(showingItem_);
     showChosen();
 }
 

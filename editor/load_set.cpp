@@ -4,13 +4,13 @@
 #include <memory>
 #include <new>
 
-#include "editor/flagged.h"
 #include "editor/frmStich.h"
 #include "editor/mListView.h"
 #include "editor/reading.h"
 #include "platform/application.h"
 #include "platform/dialogs.h"
 #include "platform/errors.h"
+#include "platform/flagged.h"
 
 namespace editor {
 
@@ -61,7 +61,7 @@ std::int16_t frmStich::LoadFile(const std::string& path) {
 }
 
 std::int16_t frmStich::accept(Reading& reading) {
-    const Flagged accepting(accepting_);
+    const platform::Flagged accepting(accepting_);
     LoadedSet& loaded = reading.loaded;
     const std::string previousPicture = kvPictureBox1.FileName();
     const auto previousRectangles = rectangles();
@@ -96,7 +96,7 @@ std::int16_t frmStich::accept(Reading& reading) {
 // In a large folder this takes long: meanwhile the first picture is shown. False when the user gave up.
 bool frmStich::lookForPictures(const PictureFiles& files) {
     waitGivenUp_ = false;
-    const Flagged searching(searching_);
+    const platform::Flagged searching(searching_);
     const auto missing = std::make_shared<std::vector<int>>();
     platform::BackgroundTask search([missing, files, fileNames = environment_.fileNames](auto& progress) {
         *missing = files.missing(fileNames, progress);

@@ -5,6 +5,7 @@
 #include "platform/application.h"
 #include "platform/errors.h"
 #include "platform/files.h"
+#include "platform/flagged.h"
 #include "platform/metrics.h"
 #include "platform/path.h"
 #include "platform/registry.h"
@@ -28,18 +29,6 @@ constexpr const char* windowKey = "Window";
 constexpr int lookEvery = 30;  // milliseconds; whether it was cancelled
 constexpr const char* probeName = "~Ausschnitt.tmp";
 constexpr std::size_t probeSize = 65536;  // an empty file finds a place on a full disk, too
-
-/// True as long as it lives.
-class Raised {
-  public:
-    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Raised() { flag_ = false; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-
-  private:
-    bool& flag_;
-};
 
 }  // namespace
 
@@ -128,7 +117,7 @@ std::string frmSave::scriptPath() const {
 
 void frmSave::run() {
     if (!files::fileExists(scriptPath())) return;
-    const Raised busy(busy_);
+    const platform::Flagged busy(busy_);
     cancelled_ = false;
     const bool allPictures = mode_ == allRegionsOfAllPictures;
     const int pictures = allPictures ? source_.itemCount() : 1;

@@ -8,6 +8,7 @@
 #include "platform/application.h"
 #include "platform/background_task.h"
 #include "platform/errors.h"
+#include "platform/flagged.h"
 #include "platform/path.h"
 
 namespace controls {
@@ -15,18 +16,6 @@ namespace controls {
 namespace {
 
 constexpr int untilItEnds = 1'000'000'000;  // milliseconds
-
-/// True as long as it lives.
-class Raised {
-  public:
-    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Raised() { flag_ = false; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-
-  private:
-    bool& flag_;
-};
 
 }  // namespace
 
@@ -82,7 +71,7 @@ std::optional<LoadedPicture> kvPictureBox::bring() {
     const auto load = std::make_shared<PictureLoad>(store_.take(fileName_));
     load->before = buffer_.picture();
     platform::BackgroundTask task([load](auto& progress) { load->run(progress.cancelled); });
-    const Raised waiting(waiting_);
+    const platform::Flagged waiting(waiting_);
     if (waitFor ? waitFor(task) : task.wait(untilItEnds)) return std::move(load->result);
     store_.leave(load);
     return std::nullopt;

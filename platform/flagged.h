@@ -1,6 +1,6 @@
 #pragma once
 
-namespace editor {
+namespace platform {
 
 /// Sets a flag as long as it lives, and then gives it back its former value: they nest.
 class Flagged {
@@ -15,4 +15,4 @@ class Flagged {
     bool before_;
 };
 
-}  // namespace editor
+}  // namespace platform
