@@ -148,6 +148,7 @@ void kvPictureBox::Picture(const PictureObject& picture) {
 
 void kvPictureBox::FileName(const std::string& FileName) {
     fileName_ = FileName;
+    givenUp_ = false;  // it was not asked for
     changed("FileName");
 }
 

@@ -16,6 +16,7 @@
 #include "platform/win32/control_ids.h"
 #include "platform/win32/wide.h"
 #include "tests/support/pictures.h"
+#include "tests/support/win32/input.h"
 
 namespace {
 
@@ -70,11 +71,6 @@ BOOL CALLBACK inspect(HWND window, LPARAM parameter) {
     if (process != search.process || search.windowClass != name || !::IsWindowVisible(window)) return TRUE;
     search.found = window;
     return FALSE;
-}
-
-void replaceText(HWND edit, const std::string& text) {
-    ::SendMessageW(edit, EM_SETSEL, 0, -1);
-    ::SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(wide(text).c_str()));
 }
 
 // A control reads and writes its own process' memory. `prepare` gets the address that the data has there.
@@ -168,7 +164,7 @@ bool Program::shows(const std::string& picture) const {
 void Program::typeInto(const char* name, const std::string& text) const {
     const HWND box = control(name);
     const HWND field = ::GetWindow(box, GW_CHILD);
-    replaceText(field != nullptr ? field : box, text);
+    user::input::replaceText(field != nullptr ? field : box, text);
 }
 
 void Program::choose(const char* chooser, int index) const {
@@ -254,7 +250,7 @@ bool Program::nameRow(const char* list, const std::string& name) const {
     };
     if (!waitFor([&] { return field() != nullptr; })) return false;
     const HWND edit = field();
-    replaceText(edit, name);
+    user::input::replaceText(edit, name);
     ::PostMessageW(edit, WM_KEYDOWN, VK_RETURN, 1);
     return waitFor([&] { return field() == nullptr; });
 }

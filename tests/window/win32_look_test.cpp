@@ -1,29 +1,13 @@
+#include <gtest/gtest.h>
+
+#include "platform/basic_controls.h"
 #include "platform/list_view.h"
 #include "platform/win32/form_window.h"
-#include "res/resource.h"
-#include "tests/controls/picture_box_fixture.h"
-#include "tests/support/win32/input.h"
+#include "tests/support/user.h"
 
 namespace {
 
 using namespace platform;
-
-using PictureBoxLook = PictureBoxTest;
-
-TEST_F(PictureBoxLook, ItsClassCarriesTheControlsNameAndADragShowsTheProgramsOwnCursor) {
-    const auto window = reinterpret_cast<HWND>(box.hWnd());
-    wchar_t name[64] = {};
-    GetClassNameW(window, name, 64);
-    EXPECT_EQ(std::wstring(name), L"kvPictureBox");
-    box.LoadPic(bitmap("a.bmp", {600, 400}));
-    user::mouseDown(box, platform::MouseButton::left, 0, {100, 50});
-    SendMessageW(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
-    EXPECT_EQ(GetCursor(), LoadCursorW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDC_MOVE)));
-    EXPECT_TRUE(GetCursor());
-    EXPECT_EQ(GetCapture(), window);
-    user::mouseUp(box, platform::MouseButton::left, 0, {100, 50});
-    EXPECT_FALSE(GetCapture());
-}
 
 struct OtherMonitor : testing::Test {
     Form form{"frmLook", "Aussehen", {}};
